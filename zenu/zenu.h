@@ -1,0 +1,3 @@
+#pragma once
+
+// Every public header of the library.
