@@ -1,0 +1,280 @@
+#include "zenu/scroll/KScrolledWidget.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollBar>
+
+namespace zenu {
+
+namespace {
+
+// The bar has moved its slider, not its value, by a step of its own when it announces an action.
+// Putting the slider back leaves the bar where OnScroll left it, or where it was after a veto.
+void dropOwnStep(QPointer<QScrollBar> const & bar)
+{
+    if (bar)
+        bar->setSliderPosition(bar->value());
+}
+
+} // namespace
+
+struct KScrolledWidget::PrivateData
+{
+    explicit PrivateData(KScrolledWidget * widget);
+
+    QWidget * currentCorner() const;
+    void layout();
+    void placeHBar(bool show, bool besideV);
+    void placeVBar(bool show, bool aboveH);
+    void placeCorner(bool show);
+
+    KScrolledWidget * owner;
+    QScrollBar * hBar;
+    QScrollBar * vBar;
+    QRect clientRect;
+    EScrollMode hMode = AlwaysOff;
+    EScrollMode vMode = AlwaysOff;
+    QLabel * defaultCorner;
+    QPointer<QWidget> corner;
+};
+
+KScrolledWidget::PrivateData::PrivateData(KScrolledWidget * widget)
+    : owner(widget)
+    , hBar(new QScrollBar(Qt::Horizontal, widget))
+    , vBar(new QScrollBar(Qt::Vertical, widget))
+    , defaultCorner(new QLabel(widget))
+    , corner(defaultCorner)
+{
+    hBar->hide();
+    vBar->hide();
+    defaultCorner->hide();
+}
+
+QWidget * KScrolledWidget::PrivateData::currentCorner() const
+{
+    return corner ? corner.data() : defaultCorner;
+}
+
+void KScrolledWidget::PrivateData::layout()
+{
+    int const width = owner->width();
+    int const height = owner->height();
+    int const contentsWidth = owner->contentsWidth();
+    int const contentsHeight = owner->contentsHeight();
+    int const barWidth = vBar->sizeHint().width();
+    int const barHeight = hBar->sizeHint().height();
+
+    auto const needs = [](EScrollMode mode, int contents, int room) {
+        return (contents > room && mode != AlwaysOff) || mode == AlwaysOn;
+    };
+    bool const needV = needs(vMode, contentsHeight, height);
+    bool const needH = needs(hMode, contentsWidth, width);
+    bool const needVwithH = needs(vMode, contentsHeight, height - barHeight);
+    bool const needHwithV = needs(hMode, contentsWidth, width - barWidth);
+    bool const showH = needH || (needV && needHwithV);
+    bool const showV = needV || (needH && needVwithH);
+
+    clientRect = owner->rect().adjusted(0, 0, showV ? -barWidth : 0, showH ? -barHeight : 0);
+    placeVBar(showV, showH);
+    placeHBar(showH, showV);
+    placeCorner(showH && showV);
+}
+
+void KScrolledWidget::PrivateData::placeVBar(bool show, bool aboveH)
+{
+    int const barWidth = vBar->sizeHint().width();
+    int const below = aboveH ? hBar->sizeHint().height() : 0;
+    if (show)
+        vBar->setGeometry(owner->width() - barWidth, 0, barWidth, owner->height() - below);
+    vBar->setVisible(show);
+}
+
+void KScrolledWidget::PrivateData::placeHBar(bool show, bool besideV)
+{
+    int const barHeight = hBar->sizeHint().height();
+    int const beside = besideV ? vBar->sizeHint().width() : 0;
+    if (show)
+        hBar->setGeometry(0, owner->height() - barHeight, owner->width() - beside, barHeight);
+    hBar->setVisible(show);
+}
+
+void KScrolledWidget::PrivateData::placeCorner(bool show)
+{
+    int const barWidth = vBar->sizeHint().width();
+    int const barHeight = hBar->sizeHint().height();
+    QWidget * const widget = currentCorner();
+    if (show)
+        widget->setGeometry(owner->width() - barWidth, owner->height() - barHeight, barWidth,
+                            barHeight);
+    widget->setVisible(show);
+}
+
+KScrolledWidget::KScrolledWidget(QWidget * parent, char const * name, unsigned int flags)
+    : QWidget(parent, Qt::WindowFlags(QFlag(flags)))
+    , d(std::make_unique<PrivateData>(this))
+{
+    setObjectName(QLatin1String(name));
+    connect(d->hBar, &QScrollBar::valueChanged, this, &KScrolledWidget::onHValueChanged);
+    connect(d->vBar, &QScrollBar::valueChanged, this, &KScrolledWidget::onVValueChanged);
+    connect(d->hBar, &QScrollBar::actionTriggered, this, &KScrolledWidget::onHAction);
+    connect(d->vBar, &QScrollBar::actionTriggered, this, &KScrolledWidget::onVAction);
+}
+
+KScrolledWidget::~KScrolledWidget() = default;
+
+QRect KScrolledWidget::getClientRect() const
+{
+    return d->clientRect;
+}
+
+QScrollBar * KScrolledWidget::getHScrollBar() const
+{
+    return d->hBar;
+}
+
+QScrollBar * KScrolledWidget::getVScrollBar() const
+{
+    return d->vBar;
+}
+
+void KScrolledWidget::setHScrollBarMode(EScrollMode mode)
+{
+    d->hMode = mode;
+}
+
+void KScrolledWidget::setVScrollBarMode(EScrollMode mode)
+{
+    d->vMode = mode;
+}
+
+KScrolledWidget::EScrollMode KScrolledWidget::getHScrollBarMode() const
+{
+    return d->hMode;
+}
+
+KScrolledWidget::EScrollMode KScrolledWidget::getVScrollBarMode() const
+{
+    return d->vMode;
+}
+
+void KScrolledWidget::setCornerWidget(QWidget * corner)
+{
+    QWidget * const old = d->currentCorner();
+    QWidget * const now = corner ? corner : d->defaultCorner;
+    d->corner = now;
+    now->show();
+    if (old != now)
+        old->hide();
+}
+
+QWidget * KScrolledWidget::getCornerWidget() const
+{
+    return d->currentCorner();
+}
+
+void KScrolledWidget::contentsSizeChanged()
+{
+    d->layout();
+}
+
+void KScrolledWidget::resizeEvent(QResizeEvent * event)
+{
+    QWidget::resizeEvent(event);
+    d->layout();
+}
+
+void KScrolledWidget::onHAction(int action)
+{
+    QPointer<QScrollBar> const bar(d->hBar);
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd:
+        onHNextLine();
+        break;
+    case QAbstractSlider::SliderSingleStepSub:
+        onHPrevLine();
+        break;
+    case QAbstractSlider::SliderPageStepAdd:
+        onHNextPage();
+        break;
+    case QAbstractSlider::SliderPageStepSub:
+        onHPrevPage();
+        break;
+    default:
+        return; // the rest arrives as a change of value
+    }
+    dropOwnStep(bar);
+}
+
+void KScrolledWidget::onVAction(int action)
+{
+    QPointer<QScrollBar> const bar(d->vBar);
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd:
+        onVNextLine();
+        break;
+    case QAbstractSlider::SliderSingleStepSub:
+        onVPrevLine();
+        break;
+    case QAbstractSlider::SliderPageStepAdd:
+        onVNextPage();
+        break;
+    case QAbstractSlider::SliderPageStepSub:
+        onVPrevPage();
+        break;
+    default:
+        return; // the rest arrives as a change of value
+    }
+    dropOwnStep(bar);
+}
+
+void KScrolledWidget::onHValueChanged(int value)
+{
+    OnScroll(ScrollThumb, ScrollNothing, static_cast<unsigned int>(value), true);
+}
+
+void KScrolledWidget::onHNextLine()
+{
+    OnScroll(ScrollLineForward, ScrollNothing, 0, true);
+}
+
+void KScrolledWidget::onHPrevLine()
+{
+    OnScroll(ScrollLineBack, ScrollNothing, 0, true);
+}
+
+void KScrolledWidget::onHNextPage()
+{
+    OnScroll(ScrollPageForward, ScrollNothing, 0, true);
+}
+
+void KScrolledWidget::onHPrevPage()
+{
+    OnScroll(ScrollPageBack, ScrollNothing, 0, true);
+}
+
+void KScrolledWidget::onVValueChanged(int value)
+{
+    OnScroll(ScrollNothing, ScrollThumb, static_cast<unsigned int>(value), true);
+}
+
+void KScrolledWidget::onVNextLine()
+{
+    OnScroll(ScrollNothing, ScrollLineForward, 0, true);
+}
+
+void KScrolledWidget::onVPrevLine()
+{
+    OnScroll(ScrollNothing, ScrollLineBack, 0, true);
+}
+
+void KScrolledWidget::onVNextPage()
+{
+    OnScroll(ScrollNothing, ScrollPageForward, 0, true);
+}
+
+void KScrolledWidget::onVPrevPage()
+{
+    OnScroll(ScrollNothing, ScrollPageBack, 0, true);
+}
+
+} // namespace zenu
