@@ -1,0 +1,377 @@
+#include "zenu/overlay/surface/WidgetSurface.h"
+
+#include "zenu/overlay/surface/PixelCopies.h"
+#include "zenu/overlay/surface/StoreContents.h"
+#include "zenu/overlay/surface/SurfaceClip.h"
+
+#include <QtGui/QBackingStore>
+#include <QtGui/QPaintEngine>
+#include <QtGui/QPainter>
+#include <QtGui/QPixmap>
+#include <QtGui/QWindow>
+#include <QtWidgets/QGraphicsEffect>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zenu {
+
+namespace {
+
+// From this many rectangles on, one that bounds them all is shown faster.
+constexpr int manyRectangles = 64;
+
+// Keeps sums and products of device coordinates within an int.
+constexpr double farAway = 1 << 29;
+
+struct OpenedWidget : QWidget
+{
+    using QWidget::redirected;
+};
+
+// What the widget's paint event draws on and where; null outside a paint event.
+QPaintDevice * redirection(QWidget const & widget, QPoint & offset)
+{
+    return (widget.*&OpenedWidget::redirected)(&offset);
+}
+
+int deviceEdge(qint64 edge, qreal ratio)
+{
+    return qRound(std::clamp(static_cast<double>(edge) * ratio, -farAway, farAway));
+}
+
+QBackingStore * storeOf(QWidget const & host)
+{
+    QBackingStore * const store = host.window()->backingStore();
+    return store && !store->size().isEmpty() ? store : nullptr;
+}
+
+// Only stores that lie in memory as an image are understood.
+QImage * imageOf(QBackingStore & store)
+{
+    QPaintDevice * const device = store.paintDevice();
+    return device && device->devType() == QInternal::Image ? static_cast<QImage *>(device)
+                                                           : nullptr;
+}
+
+bool isOnScreen(QWidget const & host)
+{
+    if (!host.isVisible() || host.testAttribute(Qt::WA_PaintOnScreen))
+        return false;
+    for (QWidget const * widget = &host; widget; widget = widget->parentWidget()) {
+        if (widget->graphicsEffect())
+            return false;
+        if (widget->isWindow())
+            break;
+    }
+    QWidget const & window = *host.window();
+    return !window.graphicsProxyWidget() && window.windowHandle() &&
+           window.windowHandle()->handle();
+}
+
+// What the widget that is painting now may draw, in device pixels; empty when none is.
+QRegion systemClip(QBackingStore & store)
+{
+    QImage const * const image = imageOf(store);
+    QPaintEngine const * const engine = image ? image->paintEngine() : nullptr;
+    return engine ? engine->systemClip() : QRegion();
+}
+
+QWidget * nativeAncestor(QWidget * host)
+{
+    return host->windowHandle() ? host : host->nativeParentWidget();
+}
+
+} // namespace
+
+WidgetSurface::WidgetSurface(QWidget * host)
+    : m_host(host)
+{
+}
+
+WidgetSurface::~WidgetSurface()
+{
+    end();
+}
+
+WidgetSurface::Target WidgetSurface::target() const
+{
+    if (isOpen())
+        return m_open;
+    if (!m_host)
+        return Target::None;
+    QBackingStore * const store = isOnScreen(*m_host) ? storeOf(*m_host) : nullptr;
+    if (m_host->testAttribute(Qt::WA_WState_InPaintEvent)) {
+        QPoint offset;
+        QPaintDevice const * const device = redirection(*m_host, offset);
+        bool const onStore = store && imageOf(*store) && device == store->paintDevice() &&
+                             offset == -m_host->mapTo(m_host->window(), QPoint());
+        return onStore ? Target::Pass : Target::Redirected;
+    }
+    if (!store)
+        return Target::None;
+    // The store's device is opened by the toolkit for each widget of a pass in turn.
+    return systemClip(*store).isEmpty() ? Target::Screen : Target::Pass;
+}
+
+bool WidgetSurface::begin(QRegion const & touched)
+{
+    Target const reached = isOpen() ? Target::None : target();
+    if (reached != Target::Screen && reached != Target::Pass)
+        return false;
+    m_window = m_host->window();
+    m_store = storeOf(*m_host);
+    m_bounds = touched.boundingRect();
+    bool const opened = reached == Target::Screen ? openScreen(touched) : openPass(touched);
+    if (opened)
+        m_open = reached;
+    else
+        forget();
+    return opened;
+}
+
+bool WidgetSurface::openScreen(QRegion const & touched)
+{
+    completeStore(*m_store);
+    if (!imageOf(*m_store))
+        return false;
+    m_frame = frameNow();
+    m_clip = surfaceClip(*m_host);
+    m_changed = touched & m_clip;
+    beginKeepingPixels(m_changed.translated(m_frame.offset));
+    if (wrapPixels())
+        return true;
+    m_store->endPaint();
+    return false;
+}
+
+bool WidgetSurface::openPass(QRegion const & touched)
+{
+    m_frame = frameNow();
+    m_clip = paintedNow(m_frame) & surfaceClip(*m_host);
+    m_changed = touched & m_clip;
+    return wrapPixels();
+}
+
+// A store with alpha clears the region that is begun.
+void WidgetSurface::beginKeepingPixels(QRegion const & region)
+{
+    QImage saved;
+    QRect kept;
+    if (imageOf(*m_store)->hasAlphaChannel() && !region.isEmpty()) {
+        QRect const bounds = region.boundingRect();
+        kept = toDevice(Frame{QPoint(), m_frame.ratio}, bounds).adjusted(-1, -1, 1, 1);
+        kept &= imageOf(*m_store)->rect();
+        saved = imageOf(*m_store)->copy(kept);
+    }
+    m_store->beginPaint(region);
+    if (saved.isNull() || !wrapPixels())
+        return;
+    copyPixels(m_pixels, kept.topLeft(), saved, QPoint(), kept.size());
+}
+
+// An image of our own on the store's memory: it has a paint engine of its own, so it can be drawn
+// on while a painter of the host is open, and neither clip nor ratio of the store's device gets in.
+bool WidgetSurface::wrapPixels()
+{
+    QImage const * const image = imageOf(*m_store);
+    if (!image || !image->constBits() || image->depth() % 8 != 0)
+        return false;
+    m_pixels = QImage(const_cast<uchar *>(image->constBits()), image->width(), image->height(),
+                      image->bytesPerLine(), image->format());
+    return !m_pixels.isNull();
+}
+
+void WidgetSurface::end()
+{
+    if (!isOpen())
+        return;
+    m_painter.reset();
+    m_pixels = QImage();
+    if (m_open == Target::Screen && storeStands()) {
+        m_store->endPaint();
+        flush();
+    }
+    forget();
+}
+
+void WidgetSurface::flush()
+{
+    if (!m_host || m_host->window() != m_window || m_changed.isEmpty())
+        return;
+    QWindow const * const window = m_window->windowHandle();
+    if (!window || window->surfaceType() != QSurface::RasterSurface) {
+        m_host->update(m_changed); // composed from a texture that a flush does not reach
+        return;
+    }
+    QWidget * const native = nativeAncestor(m_host);
+    if (!native || !native->windowHandle() || !native->windowHandle()->handle())
+        return;
+    QRegion shown = m_changed;
+    if (shown.rectCount() > manyRectangles)
+        shown = shown.boundingRect();
+    if (m_frame.ratio != std::floor(m_frame.ratio)) {
+        // A native child may round its edges to other device pixels than the window does.
+        QRegion grown;
+        for (QRect const & r : shown)
+            grown += r.adjusted(-1, -1, 1, 1);
+        shown = grown;
+    }
+    shown.translate(m_host->mapTo(native, QPoint()));
+    m_store->flush(shown & native->rect(), native->windowHandle(),
+                   native->mapTo(m_window, QPoint()));
+}
+
+void WidgetSurface::forget()
+{
+    m_open = Target::None;
+    m_window = nullptr;
+    m_store = nullptr;
+    m_pixels = QImage();
+    m_clip = QRegion();
+    m_changed = QRegion();
+    m_bounds = QRect();
+}
+
+bool WidgetSurface::storeStands() const
+{
+    return m_window && m_window->backingStore() == m_store;
+}
+
+bool WidgetSurface::isUsable() const
+{
+    return isOpen() && m_host && storeStands();
+}
+
+WidgetSurface::Frame WidgetSurface::frameNow() const
+{
+    Frame frame;
+    if (!m_host)
+        return frame;
+    frame.offset = m_host->mapTo(m_host->window(), QPoint());
+    QBackingStore * const store = storeOf(*m_host);
+    QImage const * const image = store ? imageOf(*store) : nullptr;
+    frame.ratio = image ? image->devicePixelRatio() : m_host->devicePixelRatioF();
+    return frame;
+}
+
+// The part of the host that the running paint event paints.
+QRegion WidgetSurface::paintedNow(Frame const & frame) const
+{
+    if (!m_host->testAttribute(Qt::WA_WState_InPaintEvent))
+        return QRegion();
+    QRegion painted;
+    for (QRect const & r : systemClip(*m_store)) {
+        QPoint const topLeft(qRound(r.left() / frame.ratio), qRound(r.top() / frame.ratio));
+        QPoint const behind(qRound((r.right() + 1) / frame.ratio),
+                            qRound((r.bottom() + 1) / frame.ratio));
+        painted += QRect(topLeft, behind - QPoint(1, 1));
+    }
+    return painted.translated(-frame.offset);
+}
+
+QRect WidgetSurface::toDevice(Frame const & frame, QRect const & r) const
+{
+    qint64 const left = qint64(frame.offset.x()) + r.x();
+    qint64 const top = qint64(frame.offset.y()) + r.y();
+    int const x = deviceEdge(left, frame.ratio);
+    int const y = deviceEdge(top, frame.ratio);
+    int const behindX = deviceEdge(left + std::max(r.width(), 0), frame.ratio);
+    int const behindY = deviceEdge(top + std::max(r.height(), 0), frame.ratio);
+    return QRect(x, y, behindX - x, behindY - y);
+}
+
+QRect WidgetSurface::device(QRect const & r) const
+{
+    return toDevice(isOpen() ? m_frame : frameNow(), r);
+}
+
+qreal WidgetSurface::ratio() const
+{
+    return isOpen() ? m_frame.ratio : frameNow().ratio;
+}
+
+QImage::Format WidgetSurface::format() const
+{
+    return isOpen() ? m_pixels.format() : QImage::Format_Invalid;
+}
+
+QRegion WidgetSurface::clip() const
+{
+    if (isOpen())
+        return m_clip;
+    switch (target()) {
+    case Target::Screen:
+        return surfaceClip(*m_host);
+    case Target::Pass: {
+        WidgetSurface painted(m_host);
+        return painted.begin(m_host->rect()) ? painted.clip() : QRegion();
+    }
+    case Target::None:
+    case Target::Redirected:
+        break;
+    }
+    return QRegion();
+}
+
+QRegion WidgetSurface::writable(QRegion const & r) const
+{
+    return (m_clip & m_bounds) & r;
+}
+
+QImage WidgetSurface::copy(QRect const & r) const
+{
+    if (!isUsable() || r.isEmpty())
+        return QImage();
+    QImage buffer(device(r).size(), m_pixels.format());
+    buffer.fill(0);
+    copyTo(buffer, QPoint(), r);
+    return buffer;
+}
+
+void WidgetSurface::copyTo(QImage & buffer, QPoint const & at, QRect const & r) const
+{
+    if (!isUsable() || buffer.format() != m_pixels.format())
+        return;
+    QRect const from = device(r);
+    copyPixels(buffer, at, m_pixels, from.topLeft(), from.size());
+}
+
+void WidgetSurface::put(QImage const & buffer, QPoint const & at, QRect const & r)
+{
+    if (!isUsable() || buffer.isNull())
+        return;
+    QImage const pixels =
+        buffer.format() == m_pixels.format() ? buffer : buffer.convertToFormat(m_pixels.format());
+    QPoint const origin = device(r).topLeft();
+    for (QRect const & part : writable(r)) {
+        QRect const to = device(part);
+        copyPixels(m_pixels, to.topLeft(), pixels, at + to.topLeft() - origin, to.size());
+    }
+}
+
+void WidgetSurface::blend(QPixmap const & image, QRect const & r)
+{
+    QSize const size = isUsable() ? device(r).size().boundedTo(image.size()) : QSize();
+    if (size.isEmpty())
+        return;
+    if (!m_painter) {
+        QRegion clip;
+        for (QRect const & part : m_clip & m_bounds)
+            clip += device(part);
+        m_painter = std::make_unique<QPainter>(&m_pixels);
+        m_painter->setClipRegion(clip);
+    }
+    m_painter->drawPixmap(QRectF(device(r).topLeft(), size), image, QRectF(QPointF(), size));
+}
+
+void WidgetSurface::flip(QRegion const & r, QColor const & a, QColor const & b)
+{
+    if (!isUsable())
+        return;
+    PixelBits const bits = pixelDifference(a, b, m_pixels.format());
+    for (QRect const & part : writable(r))
+        flipPixels(m_pixels, device(part), bits);
+}
+
+} // namespace zenu
