@@ -1,0 +1,147 @@
+#pragma once
+
+#include "zenu/ZenuExport.h"
+#include "zenu/grid/GridTypes.h"
+
+#include <QColor>
+
+class QFont;
+
+namespace zenu {
+
+/// The colour that stands for "not set" in rows, items and draw records: its rgb() is 0xff000000,
+/// which opaque black and an invalid colour share.
+constexpr QRgb GC_UNSETCOLOR = 0xff000000u;
+
+/// A column, read or written; `mask` holds the GCCM_ bits of the fields meant.
+struct GC_COLUMN
+{
+    unsigned mask = 0;
+    int format = 0;             ///< alignment: bit 0x2 right, bit 0x4 centre, else left
+    int width = 0;              ///< pixels
+    char * text = nullptr;      ///< title; copied on write, a buffer of `textMax` bytes on read
+    int textMax = 0;            ///< size of the buffer on read
+    char * listItems = nullptr; ///< choices of a list box; the grid's operations do not read it
+    int kind = GCCK_TEXT;       ///< GCCK_
+    unsigned flags = 0;         ///< GCCF_
+    int order = 0;              ///< display position; filled on every read, ignored on write
+};
+
+/// A row, read or written; `mask` holds the GCRM_ bits of the fields meant.
+struct GC_ROW
+{
+    unsigned mask = 0;
+    unsigned state = 0;          ///< GCRS_; filled on every read
+    unsigned stateMask = 0;      ///< on write, which bits of `state` count
+    tag_HROW * parent = nullptr; ///< GC_ROOT for a top-level row
+    int top = 0;                 ///< on read, y in contents coordinates, 0 for a row not visible
+    int height = 0;              ///< pixels; on write -1 removes an explicit height
+    unsigned long param = 0;     ///< the application's value
+    QColor textColor;
+    QColor bkColor;
+    QFont * font = nullptr; ///< stored as it stands, the row does not own it
+};
+
+/// A section row: a row with a title.
+struct GC_SECTION : GC_ROW
+{
+    char * text = nullptr; ///< copied on write, a buffer of `textMax` bytes on read
+    int textMax = 0;       ///< size of the buffer on read
+};
+
+/// An item, the cell of a row in a column; `mask` holds the GCIM_ bits of the fields meant.
+struct GC_ITEM
+{
+    tag_HROW * row = nullptr;           ///< not used by the grid
+    tag_HCOLUMN * column = GC_NOCOLUMN; ///< not used by the grid
+    unsigned mask = 0;
+    unsigned state = 0;     ///< GCIS_; filled on every read
+    unsigned stateMask = 0; ///< on write, the bits cleared before `state` is or-ed in
+    char * text = nullptr;  ///< copied on write, or GC_TEXTCALLBACK; a buffer on read
+    int textMax = -1;       ///< size of the buffer on read
+    int value = 0;          ///< check state, list index, alignment, check style or text length
+    int image = 0;          ///< which of the three images is said by the mask
+    int reserved1 = 0;
+    QColor textColor; ///< filled on every read
+    int reserved2 = 0;
+};
+
+/// A slim row to create.
+struct GC_SLIMROWDATA
+{
+    tag_HROW * row = nullptr; ///< out: the created row
+    long param = 0;           ///< the application's value
+    int hasChildren = true;   ///< 0 creates the smaller row that can't have children
+    int height = -1;          ///< pixels, -1 for the default height
+};
+
+/// Slim rows to insert together.
+struct GC_INSERTSLIMROW
+{
+    tag_HROW * parent = nullptr;     ///< GC_ROOT for the top level
+    tag_HROW * after = nullptr;      ///< a sibling, GCI_FIRST or GCI_LAST
+    int count = 0;                   ///< records in `rows`
+    GC_SLIMROWDATA * rows = nullptr; ///< `row` of each is filled in
+};
+
+/// What to sort by.
+struct GC_SORT
+{
+    tag_HCOLUMN * column = nullptr;   ///< by this column's text; GC_NOCOLUMN for `compare`
+    bool ascending = false;           ///< used with `column`
+    GC_COMPAREPROC compare = nullptr; ///< used without `column`
+    long param = 0;                   ///< first argument of `compare`
+};
+
+/// Result of KGridCtrl::HitTestEx.
+struct GC_HITTESTEXINFO
+{
+    int reserved1 = 0;
+    int reserved2 = 0;
+    tag_HROW * row = nullptr;           ///< null if nothing was hit
+    tag_HCOLUMN * column = GC_NOCOLUMN; ///< GC_NOCOLUMN if nothing was hit
+};
+
+/// How a row is drawn. The record never owns its font.
+struct GC_DRAWROWINFO
+{
+    QColor bkColor = QColor::fromRgb(GC_UNSETCOLOR);
+    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR);
+    bool firstRow = false;
+    bool lastChild = false;
+    bool hasChildren = false;
+    bool expanded = false;
+
+    /// The font to draw with, null for the grid's.
+    QFont * GetFont() const { return font; }
+    /// The font must live until the row has been drawn.
+    void SetFont(QFont * newFont) { font = newFont; }
+
+private:
+    QFont * font = nullptr;
+};
+
+/// How an item is drawn; an image index below 0 means no image.
+struct GC_DRAWITEMINFO
+{
+    int image = -1;
+    int overlay = -1;
+    int state = -1;
+    bool checked = false;
+    bool grayed = false;
+    bool radio = false;
+    bool hideCheck = false;
+    int lead = -1;
+    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR);
+};
+
+/// The rows that leave and enter the selection; it lives only during the notification.
+struct GC_SELECTIONCHANGE
+{
+    int deselectedCount = 0;
+    tag_HROW ** deselected = nullptr; ///< null when empty
+    int selectedCount = 0;
+    tag_HROW ** selected = nullptr; ///< null when empty
+};
+
+} // namespace zenu

@@ -1,0 +1,172 @@
+#include "zenu/grid/rows/CGCSlimRow.h"
+
+#include "zenu/grid/inner/ISlimGridCallbackWrapper.h"
+#include "zenu/grid/rows/IGCRowVisitor.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace zenu {
+
+namespace {
+
+// A block of rows of one class; they start where this object ends.
+template <typename Row>
+class RowBlock final : public CGCSlimRow::CSubRows
+{
+public:
+    IGCRow * GetRow(int index) override { return firstRow() + index; }
+    RowSpan GetRows() override
+    {
+        return {reinterpret_cast<std::byte *>(firstRow()), sizeof(Row), count,
+                std::is_same_v<Row, CGCLonelySlimRow>};
+    }
+
+    static CGCSlimRow::CSubRows * create(IGCRow * parent, int rowCount)
+    {
+        static_assert(sizeof(RowBlock) % alignof(Row) == 0);
+        void * const memory =
+            std::malloc(sizeof(RowBlock) + static_cast<std::size_t>(rowCount) * sizeof(Row));
+        if (!memory) {
+            return nullptr;
+        }
+        auto * const block = ::new (memory) RowBlock;
+        block->count = rowCount;
+        for (int i = 0; i < rowCount; ++i) {
+            ::new (static_cast<void *>(block->firstRow() + i)) Row(parent);
+        }
+        return block;
+    }
+
+private:
+    Row * firstRow() { return reinterpret_cast<Row *>(this + 1); }
+};
+
+using CSlimSubRows = RowBlock<CGCSlimRow>;
+using CLonelySlimSubRows = RowBlock<CGCLonelySlimRow>;
+
+} // namespace
+
+void CGCLonelySlimRow::Accept(IGCRowVisitor * visitor)
+{
+    visitor->VisitLonelySlim(this);
+}
+
+bool CGCLonelySlimRow::DeleteChild(IGCRow * row)
+{
+    delete row;
+    return false;
+}
+
+CGCSlimRow::~CGCSlimRow()
+{
+    freeBlock(subRows);
+}
+
+int CGCSlimRow::GetChildCount(ISlimGridCallbackWrapper * wrapper)
+{
+    return GetChildren(wrapper).count();
+}
+
+IGCRow * CGCSlimRow::GetChild(int index)
+{
+    return subRows->GetRow(index);
+}
+
+RowSpan CGCSlimRow::GetChildren(ISlimGridCallbackWrapper * wrapper)
+{
+    if (subRows && !subRows->loaded) {
+        bool const wasExpanded = subRows->expanded;
+        if (int const count = wrapper->GetSubRowCount(this); count > 0) {
+            wrapper->LoadSubRows(this, wasExpanded, count);
+        }
+    }
+    return subRows && subRows->loaded ? subRows->GetRows() : RowSpan();
+}
+
+bool CGCSlimRow::HasChildren(ISlimGridCallbackWrapper * wrapper)
+{
+    return subRows || wrapper->HasSubRows(this);
+}
+
+void CGCSlimRow::ExpandRow(ISlimGridCallbackWrapper * wrapper)
+{
+    if (!subRows || !subRows->loaded) {
+        bool const wasExpanded = subRows && subRows->expanded;
+        if (int const count = wrapper->GetSubRowCount(this); count > 0) {
+            wrapper->LoadSubRows(this, wasExpanded, count);
+        }
+    }
+    if (subRows) {
+        subRows->expanded = true;
+    }
+}
+
+void CGCSlimRow::CollapseRow()
+{
+    if (subRows) {
+        subRows->expanded = false;
+    }
+}
+
+bool CGCSlimRow::IsExpanded() const
+{
+    return subRows && subRows->expanded;
+}
+
+void CGCSlimRow::Accept(IGCRowVisitor * visitor)
+{
+    visitor->VisitSlim(this);
+}
+
+CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded, int count)
+{
+    freeBlock(subRows);
+    subRows = lonely ? CLonelySlimSubRows::create(this, count) : CSlimSubRows::create(this, count);
+    if (subRows) {
+        subRows->loaded = true;
+        subRows->expanded = expanded;
+    }
+    return subRows;
+}
+
+void CGCSlimRow::DropChildren()
+{
+    if (!subRows) {
+        return;
+    }
+    bool const wasExpanded = subRows->expanded;
+    freeBlock(subRows);
+    subRows = nullptr;
+    if (wasExpanded) {
+        subRows = CLonelySlimSubRows::create(this, 0);
+        if (subRows) {
+            subRows->expanded = true;
+        }
+    }
+}
+
+void CGCSlimRow::freeBlock(CSubRows * first)
+{
+    // The rows in a block get no destructor call, so blocks deeper down are found here, level by
+    // level, however deep.
+    std::vector<CSubRows *> pending;
+    if (first) {
+        pending.push_back(first);
+    }
+    while (!pending.empty()) {
+        CSubRows * const block = pending.back();
+        pending.pop_back();
+        RowSpan const rows = block->GetRows();
+        if (!rows.areLonely()) {
+            for (int i = 0; i < rows.count(); ++i) {
+                if (CSubRows * const deeper = static_cast<CGCSlimRow *>(rows[i])->subRows) {
+                    pending.push_back(deeper);
+                }
+            }
+        }
+        std::free(static_cast<void *>(block));
+    }
+}
+
+} // namespace zenu

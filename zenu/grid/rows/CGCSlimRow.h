@@ -1,0 +1,116 @@
+#pragma once
+
+#include "zenu/grid/rows/IGCRow.h"
+
+#include <memory>
+
+namespace zenu {
+
+// A row without content: its texts, looks and checks are the application's, asked for at the moment
+// they are needed. 32 bytes; it never has children.
+class ZENU_TEST_EXPORT CGCLonelySlimRow : public IGCRow
+{
+public:
+    using IGCRow::IGCRow;
+
+    int GetChildCount(ISlimGridCallbackWrapper *) override { return 0; }
+    IGCRow * GetChild(int) override { return nullptr; }
+    RowSpan GetChildren(ISlimGridCallbackWrapper *) override { return {}; }
+    bool HasChildren(ISlimGridCallbackWrapper *) override { return false; }
+    void ExpandRow(ISlimGridCallbackWrapper *) override {}
+    void CollapseRow() override {}
+    bool IsExpanded() const override { return false; }
+    bool InsertChildrenAfter(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
+    bool InsertChildrenBefore(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
+    bool InsertChildAfter(IGCRow *, tag_HROW *) override { return false; }
+    bool InsertChildBefore(IGCRow *, tag_HROW *) override { return false; }
+    bool DeleteChild(IGCRow * row) override;
+    bool RemoveChild(IGCRow *) override { return false; }
+    void DeleteAllChildren() override {}
+    void AddColumnItem(CGCColumn *) override {}
+    void RemoveColumnItem(CGCColumn *) override {}
+    void DestroyItems(ColumnSet const &) override {}
+    void SetFocusCell(bool, int) override {}
+    void MarkCell(bool, int) override {}
+    void SetHotCell(CGCColumn *) override {}
+    void ClearHotCell(CGCColumn *) override {}
+    void FreeGarbage(ColumnSet const &) override {}
+    void ColumnKindChanged(CGCColumn *) override {}
+    void Accept(IGCRowVisitor * visitor) override;
+    bool AssertValid(ColumnSet const &) override { return true; }
+    void TakeChildren(std::vector<IGCRow *> &) override {}
+};
+
+static_assert(sizeof(CGCLonelySlimRow) == 32 || sizeof(void *) != 8);
+
+// A slim row that may have children: 40 bytes. They come from the callback when the row is expanded
+// or counted, all in one block, and go with ResetSlimRow; rows can't be inserted under it.
+class ZENU_TEST_EXPORT CGCSlimRow : public IGCRow
+{
+public:
+    // Head of one allocation that holds all children of a slim row behind it. Of three states of a
+    // row, no block is one: closed and unknown. A block that is loaded holds the children; a block
+    // that is not only remembers that the row is expanded, and loads at the next demand.
+    class CSubRows
+    {
+    public:
+        virtual IGCRow * GetRow(int index) = 0;
+        virtual RowSpan GetRows() = 0;
+
+        bool loaded = false;
+        bool expanded = false;
+        int count = 0;
+
+    protected:
+        ~CSubRows() = default; // blocks are freed as raw memory, their rows with them
+    };
+
+    using IGCRow::IGCRow;
+    ~CGCSlimRow() override;
+
+    int GetChildCount(ISlimGridCallbackWrapper * wrapper) override;
+    IGCRow * GetChild(int index) override;
+    RowSpan GetChildren(ISlimGridCallbackWrapper * wrapper) override;
+    bool HasChildren(ISlimGridCallbackWrapper * wrapper) override;
+    // Stays collapsed when the application has no children for it.
+    void ExpandRow(ISlimGridCallbackWrapper * wrapper) override;
+    // The children stay loaded.
+    void CollapseRow() override;
+    bool IsExpanded() const override;
+    bool InsertChildrenAfter(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
+    bool InsertChildrenBefore(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
+    bool InsertChildAfter(IGCRow *, tag_HROW *) override { return false; }
+    bool InsertChildBefore(IGCRow *, tag_HROW *) override { return false; }
+    bool DeleteChild(IGCRow *) override { return false; }
+    bool RemoveChild(IGCRow *) override { return false; }
+    void DeleteAllChildren() override {}
+    void AddColumnItem(CGCColumn *) override {}
+    void RemoveColumnItem(CGCColumn *) override {}
+    void DestroyItems(ColumnSet const &) override {}
+    void SetFocusCell(bool, int) override {}
+    void MarkCell(bool, int) override {}
+    void SetHotCell(CGCColumn *) override {}
+    void ClearHotCell(CGCColumn *) override {}
+    void FreeGarbage(ColumnSet const &) override {}
+    void ColumnKindChanged(CGCColumn *) override {}
+    void Accept(IGCRowVisitor * visitor) override;
+    bool AssertValid(ColumnSet const &) override { return true; }
+    void TakeChildren(std::vector<IGCRow *> &) override {}
+
+    CSubRows * SubRows() const { return subRows; }
+    // Frees the block, if any, and the blocks under it, and makes a loaded one of `count` rows with
+    // this parent and param 0. With `lonely` they are the smaller rows that can't have children.
+    // Null, and no block, when there is no memory for it.
+    CSubRows * CreateBlock(bool lonely, bool expanded, int count);
+    // Forgets the children. An expanded row keeps a shell that loads again when asked.
+    void DropChildren();
+
+private:
+    static void freeBlock(CSubRows * first);
+
+    CSubRows * subRows = nullptr; // owned
+};
+
+static_assert(sizeof(CGCSlimRow) == 40 || sizeof(void *) != 8);
+
+} // namespace zenu
