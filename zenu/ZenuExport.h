@@ -18,3 +18,7 @@
 #else
 #    define ZENU_TEST_EXPORT
 #endif
+
+/// All classes, functions and numbers of the library.
+namespace zenu {
+}
