@@ -3,5 +3,14 @@
 // Every public header of the library.
 
 #include "zenu/ZenuExport.h"
+#include "zenu/grid/GridRecords.h"
+#include "zenu/grid/GridTypes.h"
+#include "zenu/grid/IGridNotification.h"
+#include "zenu/grid/ISlimGridCallback.h"
+#include "zenu/overlay/Geometry.h"
+#include "zenu/overlay/KPainter.h"
+#include "zenu/overlay/NarrowText.h"
 #include "zenu/scroll/KScrolledWidget.h"
 #include "zenu/util/StringUtils.h"
+#include "zenu/widgets/Cursors.h"
+#include "zenu/widgets/KPixmapSet.h"

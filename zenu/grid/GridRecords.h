@@ -16,7 +16,7 @@ constexpr QRgb GC_UNSETCOLOR = 0xff000000u;
 /// A column, read or written; `mask` holds the GCCM_ bits of the fields meant.
 struct GC_COLUMN
 {
-    unsigned mask = 0;
+    unsigned mask = 0;          ///< which fields are meant
     int format = 0;             ///< alignment: bit 0x2 right, bit 0x4 centre, else left
     int width = 0;              ///< pixels
     char * text = nullptr;      ///< title; copied on write, a buffer of `textMax` bytes on read
@@ -30,16 +30,16 @@ struct GC_COLUMN
 /// A row, read or written; `mask` holds the GCRM_ bits of the fields meant.
 struct GC_ROW
 {
-    unsigned mask = 0;
+    unsigned mask = 0;           ///< which fields are meant
     unsigned state = 0;          ///< GCRS_; filled on every read
     unsigned stateMask = 0;      ///< on write, which bits of `state` count
     tag_HROW * parent = nullptr; ///< GC_ROOT for a top-level row
     int top = 0;                 ///< on read, y in contents coordinates, 0 for a row not visible
     int height = 0;              ///< pixels; on write -1 removes an explicit height
     unsigned long param = 0;     ///< the application's value
-    QColor textColor;
-    QColor bkColor;
-    QFont * font = nullptr; ///< stored as it stands, the row does not own it
+    QColor textColor;            ///< of all cells that have none of their own
+    QColor bkColor;              ///< of the whole row
+    QFont * font = nullptr;      ///< stored as it stands, the row does not own it
 };
 
 /// A section row: a row with a title.
@@ -54,16 +54,16 @@ struct GC_ITEM
 {
     tag_HROW * row = nullptr;           ///< not used by the grid
     tag_HCOLUMN * column = GC_NOCOLUMN; ///< not used by the grid
-    unsigned mask = 0;
-    unsigned state = 0;     ///< GCIS_; filled on every read
-    unsigned stateMask = 0; ///< on write, the bits cleared before `state` is or-ed in
-    char * text = nullptr;  ///< copied on write, or GC_TEXTCALLBACK; a buffer on read
-    int textMax = -1;       ///< size of the buffer on read
-    int value = 0;          ///< check state, list index, alignment, check style or text length
-    int image = 0;          ///< which of the three images is said by the mask
-    int reserved1 = 0;
-    QColor textColor; ///< filled on every read
-    int reserved2 = 0;
+    unsigned mask = 0;                  ///< which fields are meant
+    unsigned state = 0;                 ///< GCIS_; filled on every read
+    unsigned stateMask = 0;             ///< on write, the bits cleared before `state` is or-ed in
+    char * text = nullptr;              ///< copied on write, or GC_TEXTCALLBACK; a buffer on read
+    int textMax = -1;                   ///< size of the buffer on read
+    int value = 0;     ///< check state, list index, alignment, check style or text length
+    int image = 0;     ///< which of the three images is said by the mask
+    int reserved1 = 0; ///< left alone
+    QColor textColor;  ///< filled on every read
+    int reserved2 = 0; ///< left alone
 };
 
 /// A slim row to create.
@@ -96,8 +96,8 @@ struct GC_SORT
 /// Result of KGridCtrl::HitTestEx.
 struct GC_HITTESTEXINFO
 {
-    int reserved1 = 0;
-    int reserved2 = 0;
+    int reserved1 = 0;                  ///< left alone
+    int reserved2 = 0;                  ///< left alone
     tag_HROW * row = nullptr;           ///< null if nothing was hit
     tag_HCOLUMN * column = GC_NOCOLUMN; ///< GC_NOCOLUMN if nothing was hit
 };
@@ -105,12 +105,12 @@ struct GC_HITTESTEXINFO
 /// How a row is drawn. The record never owns its font.
 struct GC_DRAWROWINFO
 {
-    QColor bkColor = QColor::fromRgb(GC_UNSETCOLOR);
-    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR);
-    bool firstRow = false;
-    bool lastChild = false;
-    bool hasChildren = false;
-    bool expanded = false;
+    QColor bkColor = QColor::fromRgb(GC_UNSETCOLOR);   ///< unset for the grid's
+    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR); ///< unset for the grid's
+    bool firstRow = false;                             ///< the first row of the visible order
+    bool lastChild = false;                            ///< its parent has no child after it
+    bool hasChildren = false;                          ///< an expand button is drawn
+    bool expanded = false;                             ///< the button shows minus
 
     /// The font to draw with, null for the grid's.
     QFont * GetFont() const { return font; }
@@ -124,24 +124,24 @@ private:
 /// How an item is drawn; an image index below 0 means no image.
 struct GC_DRAWITEMINFO
 {
-    int image = -1;
-    int overlay = -1;
-    int state = -1;
-    bool checked = false;
-    bool grayed = false;
-    bool radio = false;
-    bool hideCheck = false;
-    int lead = -1;
-    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR);
+    int image = -1;         ///< index in the list GCIL_NORMAL
+    int overlay = -1;       ///< index in the list GCIL_OVERLAY, drawn over the image
+    int state = -1;         ///< index in the list GCIL_STATE
+    bool checked = false;   ///< the check box is checked
+    bool grayed = false;    ///< the check box is gray
+    bool radio = false;     ///< the check box is a radio button
+    bool hideCheck = false; ///< the check box is not drawn
+    int lead = -1;          ///< index in the list GCIL_LEAD
+    QColor textColor = QColor::fromRgb(GC_UNSETCOLOR); ///< unset for that of the row
 };
 
 /// The rows that leave and enter the selection; it lives only during the notification.
 struct GC_SELECTIONCHANGE
 {
-    int deselectedCount = 0;
+    int deselectedCount = 0;          ///< rows that leave
     tag_HROW ** deselected = nullptr; ///< null when empty
-    int selectedCount = 0;
-    tag_HROW ** selected = nullptr; ///< null when empty
+    int selectedCount = 0;            ///< rows that enter
+    tag_HROW ** selected = nullptr;   ///< null when empty
 };
 
 } // namespace zenu

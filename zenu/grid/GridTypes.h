@@ -213,6 +213,7 @@ enum GCColor
     GCC_INACTIVESELSECTIONTOP = 20,
     GCC_INACTIVESELSECTIONBOTTOM = 21
 };
+/// How many colours there are; their numbers start at 1.
 constexpr int GCC_COUNT = 21;
 
 /// Image lists of a grid, as KGridCtrl::SetImageList numbers them.

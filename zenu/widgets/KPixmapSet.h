@@ -28,6 +28,7 @@ public:
     /// that is not valid still draws what it has.
     bool isValid() const { return m_valid; }
 
+    /// What the set was made of; the size is that of one image, in logical pixels.
     int getImagesCount() const { return m_count; }
     QSize const & getImageSize() const { return m_imageSize; }
     QPixmap const & getPixmap() const { return m_pixmap; }
