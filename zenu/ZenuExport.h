@@ -4,19 +4,19 @@
 // ZENU_TEST_EXPORT marks internals that only this project's own tests and benchmarks reach.
 
 #if defined(_WIN32)
-#    if defined(ZENU_BUILDING)
-#        define ZENU_EXPORT __declspec(dllexport)
-#    else
-#        define ZENU_EXPORT __declspec(dllimport)
-#    endif
+#if defined(ZENU_BUILDING)
+#define ZENU_EXPORT __declspec(dllexport)
 #else
-#    define ZENU_EXPORT __attribute__((visibility("default")))
+#define ZENU_EXPORT __declspec(dllimport)
+#endif
+#else
+#define ZENU_EXPORT __attribute__((visibility("default")))
 #endif
 
 #if defined(ZENU_EXPORT_INTERNALS)
-#    define ZENU_TEST_EXPORT ZENU_EXPORT
+#define ZENU_TEST_EXPORT ZENU_EXPORT
 #else
-#    define ZENU_TEST_EXPORT
+#define ZENU_TEST_EXPORT
 #endif
 
 /// All classes, functions and numbers of the library.

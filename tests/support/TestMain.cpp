@@ -31,7 +31,8 @@ int main(int argc, char ** argv)
     QApplication application(argc, argv);
     QStringList arguments = application.arguments();
     QString only;
-    if (qsizetype const at = arguments.indexOf(QStringLiteral("-class")); at > 0 && at + 1 < arguments.size()) {
+    if (qsizetype const at = arguments.indexOf(QStringLiteral("-class"));
+        at > 0 && at + 1 < arguments.size()) {
         only = arguments.at(at + 1);
         arguments.remove(at, 2);
     }

@@ -4,7 +4,8 @@
 
 namespace zenutest {
 
-// Base of every test class: any warning that the test did not announce with QTest::ignoreMessage fails it.
+// Base of every test class: any warning that the test did not announce with QTest::ignoreMessage
+// fails it.
 class Test : public QObject
 {
     Q_OBJECT
@@ -19,7 +20,8 @@ int registerTest(Factory factory);
 
 } // namespace zenutest
 
-// Stands once in each tst_*.cpp, before its moc include: enters the class into the program of its folder.
-#define ZENU_TEST(TestClass)                                                                      \
-    [[maybe_unused]] static int const registered_##TestClass =                                    \
+// Stands once in each tst_*.cpp, before its moc include: enters the class into the program of its
+// folder.
+#define ZENU_TEST(TestClass)                                                                       \
+    [[maybe_unused]] static int const registered_##TestClass =                                     \
         zenutest::registerTest([]() -> QObject * { return new TestClass; });
