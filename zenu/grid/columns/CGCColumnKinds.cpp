@@ -3,6 +3,7 @@
 #include "zenu/grid/GridRecords.h"
 #include "zenu/grid/columns/IGCColumnVisitor.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace zenu {
@@ -116,6 +117,12 @@ char const * CGCListBoxColumn::Choice(int index) const
     return index >= 0 && static_cast<std::size_t>(index) < choices.size()
                ? choices[static_cast<std::size_t>(index)].c_str()
                : nullptr;
+}
+
+int CGCListBoxColumn::IndexOf(char const * text) const
+{
+    auto const found = text ? std::find(choices.begin(), choices.end(), text) : choices.end();
+    return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
 }
 
 void CGCComboBoxColumn::Accept(IGCColumnVisitor * visitor)

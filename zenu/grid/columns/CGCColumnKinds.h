@@ -73,6 +73,8 @@ public:
 
     // The choice at a list index, null when it is out of range.
     char const * Choice(int index) const;
+    // The index of the first choice that is this text to the letter; -1 for none and for null.
+    int IndexOf(char const * text) const;
 
     std::vector<std::string> choices;
 };

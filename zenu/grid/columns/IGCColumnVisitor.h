@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zenu/ZenuExport.h"
+
 namespace zenu {
 
 class CGCCheckBoxColumn;
@@ -14,7 +16,7 @@ class CGCTextWithIconColumn;
 
 // Work on a cell that differs by column kind. Small objects on the stack, with the item or record
 // as fields; one that treats all kinds alike overrides Visit alone.
-class IGCColumnVisitor
+class ZENU_TEST_EXPORT IGCColumnVisitor
 {
 public:
     virtual ~IGCColumnVisitor() = default;

@@ -84,14 +84,14 @@ bool CGCOrdinaryRow::InsertChildBefore(IGCRow * row, tag_HROW * position)
 
 bool CGCOrdinaryRow::DeleteChild(IGCRow * row)
 {
-    bool const removed = row && RemoveChild(row);
+    bool const removed = RemoveChild(row);
     delete row;
     return removed;
 }
 
 bool CGCOrdinaryRow::RemoveChild(IGCRow * row)
 {
-    if (!children || !children->remove(row)) {
+    if (!row || !children || !children->remove(row)) {
         return false;
     }
     if (children->isEmpty()) {

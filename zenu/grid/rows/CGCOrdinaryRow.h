@@ -30,6 +30,12 @@ public:
     RowSpan GetChildren(ISlimGridCallbackWrapper * wrapper) override;
     // The has-children bit: an insertion sets it, even one that fails.
     bool HasChildren(ISlimGridCallbackWrapper * wrapper) override;
+    // For rows that are filled on demand: nothing is asked of the children.
+    void SetHasChildren(bool on)
+    {
+        rowFlags = static_cast<std::uint8_t>(on ? rowFlags | hasChildrenFlag
+                                                : rowFlags & ~hasChildrenFlag);
+    }
     void ExpandRow(ISlimGridCallbackWrapper * wrapper) override;
     void CollapseRow() override;
     bool IsExpanded() const override;

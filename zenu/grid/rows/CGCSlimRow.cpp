@@ -70,16 +70,13 @@ int CGCSlimRow::GetChildCount(ISlimGridCallbackWrapper * wrapper)
 
 IGCRow * CGCSlimRow::GetChild(int index)
 {
-    return subRows->GetRow(index);
+    return subRows ? subRows->GetRow(index) : nullptr;
 }
 
 RowSpan CGCSlimRow::GetChildren(ISlimGridCallbackWrapper * wrapper)
 {
     if (subRows && !subRows->loaded) {
-        bool const wasExpanded = subRows->expanded;
-        if (int const count = wrapper->GetSubRowCount(this); count > 0) {
-            wrapper->LoadSubRows(this, wasExpanded, count);
-        }
+        load(wrapper);
     }
     return subRows && subRows->loaded ? subRows->GetRows() : RowSpan();
 }
@@ -92,10 +89,7 @@ bool CGCSlimRow::HasChildren(ISlimGridCallbackWrapper * wrapper)
 void CGCSlimRow::ExpandRow(ISlimGridCallbackWrapper * wrapper)
 {
     if (!subRows || !subRows->loaded) {
-        bool const wasExpanded = subRows && subRows->expanded;
-        if (int const count = wrapper->GetSubRowCount(this); count > 0) {
-            wrapper->LoadSubRows(this, wasExpanded, count);
-        }
+        load(wrapper);
     }
     if (subRows) {
         subRows->expanded = true;
@@ -117,6 +111,19 @@ bool CGCSlimRow::IsExpanded() const
 void CGCSlimRow::Accept(IGCRowVisitor * visitor)
 {
     visitor->VisitSlim(this);
+}
+
+void CGCSlimRow::load(ISlimGridCallbackWrapper * wrapper)
+{
+    int const count = wrapper->GetSubRowCount(this);
+    if (count <= 0) {
+        return;
+    }
+    // The shell goes first: a row asked about while it loads is a closed row without children.
+    bool const wasExpanded = IsExpanded();
+    freeBlock(subRows);
+    subRows = nullptr;
+    wrapper->LoadSubRows(this, wasExpanded, count);
 }
 
 CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded, int count)

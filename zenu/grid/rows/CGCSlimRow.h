@@ -106,6 +106,7 @@ public:
     void DropChildren();
 
 private:
+    void load(ISlimGridCallbackWrapper * wrapper);
     static void freeBlock(CSubRows * first);
 
     CSubRows * subRows = nullptr; // owned

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zenu/ZenuExport.h"
+
 namespace zenu {
 
 class CGCLonelySlimRow;
@@ -9,7 +11,7 @@ class CGCSlimRow;
 class IGCRow;
 
 // Work on a row that differs by row class; one that treats all classes alike overrides Visit alone.
-class IGCRowVisitor
+class ZENU_TEST_EXPORT IGCRowVisitor
 {
 public:
     virtual ~IGCRowVisitor() = default;
