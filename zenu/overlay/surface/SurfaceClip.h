@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zenu/ZenuExport.h"
+
 class QRegion;
 class QWidget;
 
@@ -10,6 +12,6 @@ namespace zenu {
 /// above it, opaque or not. Unlike `QWidget::visibleRegion`, which leaves out only opaque
 /// relatives: one that is see-through is painted after the host and would enter what is read back.
 /// In coordinates of `host`. O(number of children of the host and its ancestors).
-QRegion surfaceClip(QWidget const & host);
+ZENU_TEST_EXPORT QRegion surfaceClip(QWidget const & host);
 
 } // namespace zenu

@@ -1,0 +1,24 @@
+# The surface of a widget once more at each device pixel ratio, which a process cannot change, and on
+# a display server: offscreen tests prove neither that changes reach the screen nor that scrolled
+# pixels are read right.
+
+find_program(XVFB_RUN xvfb-run)
+
+function(zenu_ratio_tests folder)
+    foreach(ratio 1 1.25 1.5 2)
+        if(NOT ratio STREQUAL "1")
+            add_test(NAME ${folder}_offscreen_${ratio} COMMAND tests_${folder})
+            set_tests_properties(${folder}_offscreen_${ratio} PROPERTIES
+                ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
+        endif()
+        if(XVFB_RUN)
+            add_test(NAME ${folder}_xcb_${ratio}
+                COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24" $<TARGET_FILE:tests_${folder}>)
+            set_tests_properties(${folder}_xcb_${ratio} PROPERTIES
+                ENVIRONMENT "${zenu_test_environment};QT_QPA_PLATFORM=xcb;QT_SCALE_FACTOR=${ratio}"
+                TIMEOUT 600 RESOURCE_LOCK display_server)
+        endif()
+    endforeach()
+endfunction()
+
+zenu_ratio_tests(surface)

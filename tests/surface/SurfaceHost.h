@@ -1,0 +1,126 @@
+#pragma once
+
+#include <QtGui/QBackingStore>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtTest/QtTest>
+#include <QtWidgets/QWidget>
+
+#include <functional>
+
+namespace zenutest {
+
+inline bool onXcb()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+/// Paints a pattern without repetition, counts its paint events and lets a test act in them.
+class SurfaceHost : public QWidget
+{
+public:
+    explicit SurfaceHost(QWidget * parent = nullptr)
+        : QWidget(parent)
+    {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+
+    int paints = 0;
+    QRegion painted;                     // by the last paint event
+    std::function<void()> afterPainting; // painter closed
+    std::function<void()> whilePainting; // painter open
+
+    static QColor patternAt(int x, int y)
+    {
+        return QColor((x * 5) % 256, (y * 7) % 256, (x * 3 + y * 2) % 256);
+    }
+
+protected:
+    void paintEvent(QPaintEvent * event) override
+    {
+        ++paints;
+        painted = event->region();
+        {
+            QPainter painter(this);
+            for (int y = 0; y < height(); y += 8) {
+                for (int x = 0; x < width(); x += 8)
+                    painter.fillRect(x, y, 8, 8, patternAt(x, y));
+            }
+            if (whilePainting)
+                whilePainting();
+        }
+        if (afterPainting)
+            afterPainting();
+    }
+};
+
+/// The window's pixels, read without a turn of the event loop: from the screen where the platform
+/// has a true one, else from the store.
+inline QImage picture(QWidget const & widget)
+{
+    QWidget const & window = *widget.window();
+    QBackingStore * const store = window.backingStore();
+    QSize const size = static_cast<QImage *>(store->paintDevice())->size();
+    if (!onXcb())
+        return static_cast<QImage *>(store->paintDevice())
+            ->copy()
+            .convertToFormat(QImage::Format_RGB32);
+    QImage screen = window.screen()->grabWindow(0).toImage();
+    QPoint const pos = (QPointF(window.pos()) * screen.devicePixelRatio()).toPoint();
+    screen = screen.copy(QRect(pos, size)).convertToFormat(QImage::Format_RGB32);
+    screen.setDevicePixelRatio(1);
+    return screen;
+}
+
+/// Turns the event loop until the window has painted all that it wants to.
+inline void settle(QWidget & widget)
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (onXcb())
+            widget.window()->screen()->grabWindow(0, 0, 0, 1, 1); // a round trip to the server
+    }
+    QCoreApplication::processEvents();
+}
+
+/// Shows a window at the top left of the screen and waits for its first picture.
+inline bool showAndSettle(QWidget & window)
+{
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.move(0, 0);
+    window.show();
+    bool const exposed = QTest::qWaitForWindowExposed(&window);
+    settle(window);
+    return exposed;
+}
+
+/// How many pixels differ; -1 for different sizes.
+inline int wrongPixels(QImage const & actual, QImage const & expected)
+{
+    if (actual.size() != expected.size())
+        return -1;
+    int wrong = 0;
+    for (int y = 0; y < actual.height(); ++y) {
+        for (int x = 0; x < actual.width(); ++x)
+            wrong += (actual.pixel(x, y) & 0xffffffu) != (expected.pixel(x, y) & 0xffffffu);
+    }
+    return wrong;
+}
+
+/// `before` with the colours of `parts` (device pixels) inverted.
+inline QImage inverted(QImage before, QList<QRect> const & parts)
+{
+    for (QRect const & part : parts) {
+        QRect const r = part & before.rect();
+        for (int y = r.top(); y <= r.bottom(); ++y) {
+            for (int x = r.left(); x <= r.right(); ++x)
+                before.setPixel(x, y, before.pixel(x, y) ^ 0xffffffu);
+        }
+    }
+    return before;
+}
+
+} // namespace zenutest
