@@ -40,6 +40,7 @@ class ZENU_EXPORT KHeader : public QWidget
     Q_OBJECT
 
 public:
+    /// A header without items and without a sink for its notifications.
     explicit KHeader(QWidget * parent = nullptr);
     ~KHeader() override;
 
@@ -59,6 +60,7 @@ public:
     /// The item, or null for a bad index; valid until items are inserted or deleted.
     KHeaderItem const * getItem(int index) const;
 
+    /// The number of items.
     int getItemsCount() const;
 
     /// Tells the header that `item` has changed. Without a change of width it is repainted; after
@@ -74,6 +76,7 @@ public:
     void setWH(int index, int wh);
     /// Sets the minimum and raises the width to it. Repaints only when the width stays.
     void setMinWH(int index, int minWH);
+    /// Sets the title, Latin-1.
     void setText(int index, std::string const & text);
     /// As above; null is the empty text.
     void setText(int index, char const * text);
@@ -81,6 +84,7 @@ public:
     void setFormat(int index, int fmt);
     /// Sets the two arrow bits of the format, and leaves the others.
     void setSortBitmap(int index, EHeaderSortBitmap sortBitmap);
+    /// Sets the application's value.
     void setLParam(int index, unsigned int lParam);
     /// Sets the index in the pixmap set, -1 for none.
     void setImage(int index, int image);
@@ -91,8 +95,7 @@ public:
     /// anew.
     void setOrder(int index, int order);
 
-    // These store the value and repaint nothing.
-
+    /// These store the value and repaint nothing.
     void setSizePercent(int index, double percent);
     void setJustify(int index, EHeaderJustify justify);
     void setToolTipText(int index, std::string const & text);
@@ -118,6 +121,7 @@ public:
     /// The space after the last item belongs to the divider of the item displayed last.
     KHeaderHitInfo hitTest(QPoint const & point) const;
 
+    /// Repaints the item; nothing for a bad index.
     void invalidateItem(int index);
     void invalidateItem(KHeaderItem const & item);
 

@@ -128,7 +128,9 @@ public:
     /// An empty vector for `header`, which may be null. A smaller limit is for tests.
     explicit KHeaderItemVec(KHeader * header = nullptr, std::size_t limit = Limit);
 
+    /// What the constructor was given.
     KHeader * header() const { return m_header; }
+    /// The number of items, and whether `index` is below it and not negative.
     int count() const { return static_cast<int>(m_items.size()); }
     bool contains(int index) const { return index >= 0 && index < count(); }
 
@@ -153,6 +155,7 @@ public:
     /// Removes an item; false for a bad index.
     bool remove(int index);
 
+    /// Removes all items.
     void clear();
 
     /// Sets an item's width, without regard to its minimum. The index must be in range.
