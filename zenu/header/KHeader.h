@@ -133,6 +133,7 @@ public:
     using QWidget::setFont;
     /// Sets the font of the titles, and repaints with `repaint`.
     void setFont(QFont const & font, bool repaint);
+    /// The font of the titles.
     QFont const & getfont() const;
 
     /// Sets the colour of the titles and returns the old one. Before the first call it is system
@@ -207,8 +208,11 @@ public:
 
     /// Always 0.
     int setHotDivider(bool on, long divider);
+    /// Does nothing.
     void drawDraggedButton(bool show);
+    /// Does nothing.
     void hideTooltip();
+    /// Does nothing.
     void trackButton();
     /// Sets `*item` to 0 and returns false: items cannot be dragged.
     bool canStartDragDrop(QRect * rect, int * item);

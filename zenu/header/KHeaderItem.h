@@ -64,12 +64,15 @@ public:
     int getWH() const { return m_wh; }
     /// The smallest width that KHeader::setWH gives.
     int getMinWH() const { return m_minWH; }
+    /// The title.
     std::string const & getText() const { return m_text; }
+    /// Bits of EHeaderFormat.
     int getFmt() const { return m_fmt; }
     /// The application's value; a grid keeps the column's identity here.
     unsigned int getLParam() const { return m_lParam; }
     /// The index in the header's KPixmapSet, -1 for none.
     int getImage() const { return m_image; }
+    /// The item's own picture, null for none; not owned.
     QPixmap * getPixmap() const { return m_pixmap; }
     /// The display position, -1 until the item is inserted.
     int getOrder() const { return m_order; }
@@ -79,7 +82,9 @@ public:
     double getSizePercent() const { return m_sizePercent; }
     /// The share of the width during the divider drag that was begun last.
     double getTrackPercent() const { return m_trackPercent; }
+    /// Where the title stands in the item.
     EHeaderJustify getJustify() const { return m_justify; }
+    /// The tip that is asked for over the item.
     std::string const & getToolTipText() const { return m_toolTipText; }
 
 private:
@@ -130,8 +135,9 @@ public:
 
     /// What the constructor was given.
     KHeader * header() const { return m_header; }
-    /// The number of items, and whether `index` is below it and not negative.
+    /// The number of items.
     int count() const { return static_cast<int>(m_items.size()); }
+    /// True when `index` names an item.
     bool contains(int index) const { return index >= 0 && index < count(); }
 
     /// The item; the index must be in range. Valid until the next insertion or removal.
