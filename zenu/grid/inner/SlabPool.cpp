@@ -37,7 +37,10 @@ struct Slab
     std::uint32_t live;
     std::uint32_t sizeClass;
 
-    bool isFull(std::size_t size) const { return !freed && untouched + size > end; }
+    bool isFull(std::size_t size) const
+    {
+        return !freed && static_cast<std::size_t>(end - untouched) < size;
+    }
 };
 
 struct SizeClass

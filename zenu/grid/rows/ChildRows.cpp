@@ -32,6 +32,9 @@ void ChildRows::renumber() const
 
 std::ptrdiff_t ChildRows::slotOf(IGCRow const * row) const
 {
+    if (!row) {
+        return -1; // a hole is no child
+    }
     if (drift > largestDrift) {
         renumber();
     }

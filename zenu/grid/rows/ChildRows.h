@@ -21,9 +21,9 @@ public:
     // After or before the child with this handle, which may be any value, or GCI_FIRST, GCI_LAST.
     // False when it is no child. O(1) for GCI_LAST and for the child inserted last.
     bool insert(std::vector<IGCRow *> const & rows, tag_HROW * position, bool after);
-    // Index of a live row, -1 when it is no child. O(1) but for a pass after many changes.
+    // Index of a live row, -1 when it is no child or null. O(1) but for a pass after many changes.
     int indexOf(IGCRow const * row) const;
-    // False when the live row is no child. O(1) as indexOf.
+    // False when the live row is no child or null. O(1) as indexOf.
     bool remove(IGCRow const * row);
     void clear();
     void reserve(int count) { slots.reserve(static_cast<std::size_t>(count)); }
