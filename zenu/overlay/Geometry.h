@@ -41,8 +41,8 @@ ZENU_EXPORT bool ptInRect(QRect const & rect, QPoint const & point);
 ZENU_EXPORT void inflateRect(QRect * rect, int dx, int dy);
 
 /// True when two cursors do not look the same: their shapes differ, or both are bitmap cursors that
-/// do not share one bitmap. Bitmap cursors that were made from a pixmap have no bitmap and always
-/// differ, even from themselves.
+/// do not share one bitmap. Copies of a cursor share its bitmap; two cursors made from one pixmap
+/// do not, since each makes bitmaps of its own.
 ZENU_EXPORT bool cursorsDifferent(QCursor const & a, QCursor const & b);
 
 /// Does nothing: point sizes are right as they are. Kept for applications that call it.

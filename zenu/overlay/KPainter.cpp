@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <qdrawutil.h>
 
+#include <iterator>
+
 namespace zenu {
 
 namespace {
@@ -254,23 +256,26 @@ void KPainter::drawItemButton(QRect * rect, int state)
     if (rect == nullptr) {
         return;
     }
+    QRect const button = *rect;
     bool const flat = (state & ItemButtonFlat) != 0;
     bool const pressed = (state & ItemButtonPressed) != 0;
-    QRect content = *rect;
 
-    // Right minus left and bottom minus top: the last column and row belong to the border.
-    fillLine(this, rect->left(), rect->top(), rect->right() - rect->left(),
-             rect->bottom() - rect->top(), itemButtonFill(state));
-    inflateRect(&content, (state & ItemButtonNoMargin) != 0 ? -1 : -3, -1);
-    if (flat) {
-        drawFlatButtonLines(this, *rect, state);
-        if (pressed && (state & ItemButtonHot) == 0) {
-            content.translate(1, 1);
-        }
-    } else {
-        drawRaisedButton(this, *rect, pressed);
+    inflateRect(rect, (state & ItemButtonNoMargin) != 0 ? -1 : -3, -1);
+    if (flat && pressed && (state & ItemButtonHot) == 0) {
+        rect->translate(1, 1);
     }
-    *rect = content;
+    if (!isActive()) {
+        return;
+    }
+    // Right minus left and bottom minus top: the face ends one pixel before the last column and
+    // row.
+    fillLine(this, button.left(), button.top(), button.right() - button.left(),
+             button.bottom() - button.top(), itemButtonFill(state));
+    if (flat) {
+        drawFlatButtonLines(this, button, state);
+    } else {
+        drawRaisedButton(this, button, pressed);
+    }
 }
 
 void KPainter::drawDragIndicator(int width, int y, int offset, bool atTop)

@@ -106,7 +106,10 @@ public:
                             QColor const & to);
 
     /// Draws the face of a header or grid item in `rect`, and makes `rect` the area left for its
-    /// content. `state` is made of EItemButtonState. Does nothing for null.
+    /// content: one pixel less at top and bottom, three (or one) at each side. The content of a
+    /// flat item moves by (1, 1) while it is pressed and not hot. `state` is made of
+    /// EItemButtonState. An inactive painter draws nothing and still gives the area. Does nothing
+    /// for null.
     void drawItemButton(QRect * rect, int state);
 
     /// Draws a red bar, 5 pixels high, where a dragged item would land: at the top of the widget

@@ -78,7 +78,8 @@ bool KPixmapSet::drawImageMonoChrome(QPainter * painter, int index, int x, int y
     }
     int const width = w < 0 ? m_imageSize.width() : w;
     int const height = h < 0 ? m_imageSize.height() : h;
-    QRect const source = sourceRect(index, width, height).toRect() & m_pixmap.rect();
+    QRectF const strip(m_pixmap.rect());
+    QRect const source = (sourceRect(index, width, height) & strip).toRect();
     if (width > 0 && height > 0 && !source.isEmpty()) {
         QImage image = blackAndWhite(m_pixmap.toImage().copy(source));
         image.setDevicePixelRatio(m_pixmap.devicePixelRatio());
