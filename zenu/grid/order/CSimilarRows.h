@@ -19,7 +19,7 @@ public:
     {
     }
 
-    void AddRow(IGCRow * row) override { *rows.extend(1) = row; }
+    void AddRow(IGCRow * row) override { rows.add(row); }
     void Clear() override { rows.clear(); }
     void Reserve(int count) override { rows.reserve(count); }
     int GetCount() const override { return rows.count(); }
@@ -30,6 +30,10 @@ public:
     // The map is not read: with an explicit height this form is not in use.
     long long ComputeTotalHeight(RowHeights const &) override;
 
+    // Room for the rows of one more level.
+    void MakeRoom(int more) { rows.makeRoom(more); }
+    // Gives back the room that is left, but for a little.
+    void Trim() { rows.trim(); }
     int GetCapacity() const { return rows.capacity(); }
 
 private:

@@ -20,7 +20,7 @@ public:
     }
 
     // The row's y is -1 until ComputeTotalHeight.
-    void AddRow(IGCRow * row) override { *entries.extend(1) = {row, -1}; }
+    void AddRow(IGCRow * row) override { entries.add({row, -1}); }
     void Clear() override { entries.clear(); }
     void Reserve(int count) override { entries.reserve(count); }
     int GetCount() const override { return entries.count(); }
@@ -30,6 +30,10 @@ public:
     std::unique_ptr<CVisibleRowsIterator> CreateWalk() override;
     long long ComputeTotalHeight(RowHeights const & heights) override;
 
+    // Room for the rows of one more level.
+    void MakeRoom(int more) { entries.makeRoom(more); }
+    // Gives back the room that is left, but for a little.
+    void Trim() { entries.trim(); }
     int GetCapacity() const { return entries.capacity(); }
 
 private:

@@ -203,17 +203,15 @@ void CVisibleRows::fillOrder()
     record->heightsChanged = false;
     bool const uniform = record->heights.empty();
     record->order = uniform ? static_cast<IRowsOrder *>(&record->various) : &record->similar;
-    record->order->Reserve(0); // gives its memory back
 
     OrderFill fill(this, record->wrapper);
-    int const count = fill.CountRows();
     int keptIndex = -1;
     if (uniform) {
-        record->similar.Reserve(count);
+        record->various.Trim();
         keptIndex = fill.FillRows(record->similar, record->topRow);
         record->order = &record->similar;
     } else {
-        record->various.Reserve(count);
+        record->similar.Trim();
         keptIndex = fill.FillRows(record->various, record->topRow);
         record->order = &record->various;
     }

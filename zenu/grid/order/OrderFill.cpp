@@ -6,55 +6,55 @@
 
 namespace zenu {
 
-namespace {
-
-void hide(RowSpan rows)
+template <typename Form>
+int OrderFill::FillRows(Form & form, IGCRow const * kept)
 {
-    for (int i = 0; i < rows.count(); ++i) {
-        rows[i]->ClearVisibleIndex();
-    }
-}
-
-} // namespace
-
-int OrderFill::CountRows()
-{
-    int shownRows = 0;
-    levels.clear();
-    levels.push_back({root->GetChildren(wrapper)});
+    int keptIndex = -1;
+    sorted = root->IsSorted();
+    pushLevel(form, root->GetChildren(wrapper));
     while (!levels.empty()) {
         Level & level = levels.back();
-        bool const shown = level.shown;
-        if (level.next == 0) {
-            shownRows += shown ? level.rows.count() : 0;
-            if (level.rows.areLonely()) {
-                if (!shown) {
-                    hide(level.rows);
-                }
-                levels.pop_back();
-                continue;
-            }
+        int const count = level.rows.count();
+        if (level.rows.areLonely() && count != 0) {
+            keptIndex = std::max(keptIndex, fillLonely(form, level.rows, kept));
+            popLevel();
+            continue;
         }
         RowSpan children;
-        IGCRow * row = nullptr;
-        while (children.count() == 0 && level.next < level.rows.count()) {
-            row = level.rows[level.next++];
-            if (!shown) {
-                row->ClearVisibleIndex();
-            }
+        while (level.next < count) {
+            IGCRow * const row = level.rows[level.next++];
+            int const index = form.GetCount();
+            row->SetVisibleIndex(static_cast<std::uint32_t>(index));
+            row->SetLastChild(level.next == count);
+            form.AddRow(row);
+            keptIndex = row == kept ? index : keptIndex;
             children = row->GetChildren(wrapper);
+            if (children.count() == 0) {
+                continue;
+            }
+            if (row->IsExpanded()) {
+                break;
+            }
+            hideBranch(children);
+            children = RowSpan();
         }
         if (children.count() == 0) {
-            levels.pop_back();
+            popLevel();
         } else {
-            levels.push_back({children, 0, shown && row->IsExpanded()});
+            pushLevel(form, children);
         }
     }
-    return shownRows;
+    form.Trim();
+    return keptIndex;
 }
 
-void OrderFill::pushSorted(RowSpan rows)
+template int OrderFill::FillRows(CSimilarRows &, IGCRow const *);
+template int OrderFill::FillRows(CVariousRows &, IGCRow const *);
+
+template <typename Form>
+void OrderFill::pushLevel(Form & form, RowSpan rows)
 {
+    form.MakeRoom(rows.count());
     if (sorted) {
         std::vector<IGCRow *> & copy = copies.emplace_back(static_cast<std::size_t>(rows.count()));
         for (int i = 0; i < rows.count(); ++i) {
@@ -66,7 +66,7 @@ void OrderFill::pushSorted(RowSpan rows)
     levels.push_back({rows});
 }
 
-void OrderFill::popSorted()
+void OrderFill::popLevel()
 {
     levels.pop_back();
     if (sorted) {
@@ -84,53 +84,31 @@ int OrderFill::fillLonely(Form & form, RowSpan rows, IGCRow const * kept)
         row->SetVisibleIndex(static_cast<std::uint32_t>(first + i));
         row->SetLastChild(false);
         form.AddRow(row);
-        if (row == kept) {
-            keptIndex = first + i;
-        }
+        keptIndex = row == kept ? first + i : keptIndex;
     }
     rows[rows.count() - 1]->SetLastChild(true);
     return keptIndex;
 }
 
-template <typename Form>
-int OrderFill::FillRows(Form & form, IGCRow const * kept)
+void OrderFill::hideBranch(RowSpan rows)
 {
-    int keptIndex = -1;
-    sorted = root->IsSorted();
-    levels.clear();
-    pushSorted(root->GetChildren(wrapper));
-    while (!levels.empty()) {
-        Level & level = levels.back();
-        int const count = level.rows.count();
-        if (level.rows.areLonely() && count > 0) {
-            keptIndex = std::max(keptIndex, fillLonely(form, level.rows, kept));
-            popSorted();
-            continue;
-        }
+    hiddenLevels.push_back({rows});
+    while (!hiddenLevels.empty()) {
+        Level & level = hiddenLevels.back();
         RowSpan children;
-        while (children.count() == 0 && level.next < count) {
+        while (children.count() == 0 && level.next < level.rows.count()) {
             IGCRow * const row = level.rows[level.next++];
-            int const index = form.GetCount();
-            row->SetVisibleIndex(static_cast<std::uint32_t>(index));
-            row->SetLastChild(level.next == count);
-            form.AddRow(row);
-            if (row == kept) {
-                keptIndex = index;
-            }
-            if (row->IsExpanded()) {
+            row->ClearVisibleIndex();
+            if (!level.rows.areLonely()) {
                 children = row->GetChildren(wrapper);
             }
         }
         if (children.count() == 0) {
-            popSorted();
+            hiddenLevels.pop_back();
         } else {
-            pushSorted(children);
+            hiddenLevels.push_back({children});
         }
     }
-    return keptIndex;
 }
-
-template int OrderFill::FillRows(CSimilarRows &, IGCRow const *);
-template int OrderFill::FillRows(CVariousRows &, IGCRow const *);
 
 } // namespace zenu

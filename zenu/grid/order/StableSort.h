@@ -13,12 +13,12 @@ namespace zenu {
 // order of the same elements, and never reads or writes outside of them. The standard library's
 // sorts promise neither.
 //
-// A merge sort from short runs that are sorted by insertion. It asks for room for half of the
-// elements, takes less when memory is short, and does without when there is none; then it needs
-// O(n log^2 n) steps. Elements in order already cost hardly more than a comparison each.
+// A merge sort from short runs that are sorted by insertion. It merges to and fro between the
+// elements and as much room again. When memory is short it takes less and merges in place, at last
+// with no room at all, in O(n log^2 n) steps. Elements in order already cost a comparison each.
 namespace StableSort {
 
-constexpr std::size_t runLength = 8;
+constexpr std::size_t runLength = 16;
 
 // Raw room for elements that are copied as bytes.
 template <typename Element>
@@ -73,8 +73,89 @@ void sortRun(Element * first, Element * last, Less & less)
     }
 }
 
-// Merges the left part, which moves to the buffer, and the right part where it is. The choice
-// between the two is arithmetic: in a sort nobody can predict a branch on it.
+// The smaller of the two stands before; of two that are level, the left one. The choice is
+// arithmetic: in a sort nobody can predict a branch on it.
+template <typename Element, typename Less>
+void takeFirst(Element const *& left, Element const *& right, Element *& out, Less & less)
+{
+    bool const takeRight = less(*right, *left);
+    Element const * const taken = takeRight ? right : left;
+    *out++ = *taken;
+    right += takeRight;
+    left += !takeRight;
+}
+
+// Given the ends of both parts and of the room.
+template <typename Element, typename Less>
+void takeLast(Element const *& leftEnd, Element const *& rightEnd, Element *& outEnd, Less & less)
+{
+    bool const takeLeft = less(rightEnd[-1], leftEnd[-1]);
+    Element const * const taken = takeLeft ? leftEnd - 1 : rightEnd - 1;
+    *--outEnd = *taken;
+    leftEnd -= takeLeft;
+    rightEnd -= !takeLeft;
+}
+
+template <typename Element, typename Less>
+void mergeRest(Element const * left, Element const * leftEnd, Element const * right,
+               Element const * rightEnd, Element * out, Less & less)
+{
+    while (left < leftEnd && right < rightEnd) {
+        takeFirst(left, right, out, less);
+    }
+    auto const leftCount = static_cast<std::size_t>(leftEnd - left);
+    copyElements(out, left, leftCount);
+    copyElements(out + leftCount, right, static_cast<std::size_t>(rightEnd - right));
+}
+
+// Merges two neighbouring parts into other room, from both ends at once, since the processor works
+// on two independent chains side by side. Neither end can run out of a part before it has taken as
+// many elements as the shorter part has. When the ends don't meet, `less` has contradicted itself,
+// and the parts, which are all still there, are merged from one end alone.
+template <typename Element, typename Less>
+void mergeInto(Element const * first, std::size_t leftCount, std::size_t rightCount, Element * room,
+               Less & less)
+{
+    Element const * left = first;
+    Element const * right = first + leftCount;
+    Element const * leftEnd = right;
+    Element const * rightEnd = right + rightCount;
+    Element * out = room;
+    Element * outEnd = room + leftCount + rightCount;
+    for (std::size_t i = std::min(leftCount, rightCount); i != 0; --i) {
+        takeFirst(left, right, out, less);
+        takeLast(leftEnd, rightEnd, outEnd, less);
+    }
+    if (left <= leftEnd && right <= rightEnd) {
+        mergeRest(left, leftEnd, right, rightEnd, out, less);
+    } else {
+        Element const * const middle = first + leftCount;
+        mergeRest(first, middle, middle, middle + rightCount, room, less);
+    }
+}
+
+// Sorts the elements, which end up in the room if `intoRoom`, else where they are.
+template <typename Element, typename Less>
+void sortToAndFro(Element * elements, Element * room, std::size_t count, bool intoRoom, Less & less)
+{
+    if (count <= runLength) {
+        sortRun(elements, elements + count, less);
+        if (intoRoom) {
+            copyElements(room, elements, count);
+        }
+        return;
+    }
+    std::size_t const half = count / 2;
+    sortToAndFro(elements, room, half, !intoRoom, less);
+    sortToAndFro(elements + half, room + half, count - half, !intoRoom, less);
+    if (intoRoom) {
+        mergeInto(elements, half, count - half, room, less);
+    } else {
+        mergeInto(room, half, count - half, elements, less);
+    }
+}
+
+// Merges the left part, which moves to the buffer, and the right part where it is.
 template <typename Element, typename Less>
 void mergeForward(Element * first, Element * middle, Element * last, Element * buffer, Less & less)
 {
@@ -85,11 +166,7 @@ void mergeForward(Element * first, Element * middle, Element * last, Element * b
     Element const * right = middle;
     Element * out = first;
     while (left != leftEnd && right != last) {
-        bool const takeRight = less(*right, *left);
-        Element const * const taken = takeRight ? right : left;
-        *out++ = *taken;
-        right += takeRight;
-        left += !takeRight;
+        takeFirst(left, right, out, less);
     }
     copyElements(out, left, static_cast<std::size_t>(leftEnd - left));
 }
@@ -104,13 +181,10 @@ void mergeBackward(Element * first, Element * middle, Element * last, Element * 
     Element const * right = buffer + rightCount;
     Element * out = last;
     while (left != first && right != buffer) {
-        bool const takeLeft = less(right[-1], left[-1]);
-        Element const * const taken = takeLeft ? left - 1 : right - 1;
-        *--out = *taken;
-        left -= takeLeft;
-        right -= !takeLeft;
+        takeLast(left, right, out, less);
     }
-    copyElements(out - (right - buffer), buffer, static_cast<std::size_t>(right - buffer));
+    auto const rest = static_cast<std::size_t>(right - buffer);
+    copyElements(out - rest, buffer, rest);
 }
 
 // The first element of a sorted range that `value` stands before, or, with `orEqual`, is level
@@ -161,6 +235,30 @@ void merge(Element * first, Element * middle, Element * last, Buffer<Element> co
     }
 }
 
+template <typename Element, typename Less>
+void sortInPlace(Element * elements, std::size_t count, Buffer<Element> const & buffer, Less & less)
+{
+    if (count <= runLength) {
+        sortRun(elements, elements + count, less);
+        return;
+    }
+    std::size_t const half = count / 2;
+    sortInPlace(elements, half, buffer, less);
+    sortInPlace(elements + half, count - half, buffer, less);
+    merge(elements, elements + half, elements + count, buffer, less);
+}
+
+template <typename Element, typename Less>
+bool isInOrder(Element const * elements, std::size_t count, Less & less)
+{
+    for (std::size_t i = 1; i < count; ++i) {
+        if (less(elements[i], elements[i - 1])) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace StableSort
 
 // Sorts `count` elements. `less(a, b)` says whether a stands before b. `bufferLimit` caps the extra
@@ -171,18 +269,14 @@ void stableSort(Element * elements, std::size_t count, Less less,
 {
     static_assert(std::is_trivially_copyable_v<Element>);
     using namespace StableSort;
-    for (std::size_t at = 0; at < count; at += runLength) {
-        sortRun(elements + at, elements + std::min(at + runLength, count), less);
-    }
-    if (count <= runLength) {
+    if (isInOrder(elements, count, less)) {
         return;
     }
-    Buffer<Element> const buffer(std::min((count + 1) / 2, bufferLimit));
-    for (std::size_t length = runLength; length < count; length *= 2) {
-        for (std::size_t at = 0; at + length < count; at += 2 * length) {
-            merge(elements + at, elements + at + length,
-                  elements + std::min(at + 2 * length, count), buffer, less);
-        }
+    Buffer<Element> const buffer(count > runLength ? std::min(count, bufferLimit) : 0);
+    if (buffer.capacity() >= count) {
+        sortToAndFro(elements, buffer.data(), count, false, less);
+    } else {
+        sortInPlace(elements, count, buffer, less);
     }
 }
 
