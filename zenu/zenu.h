@@ -8,6 +8,7 @@
 #include "zenu/grid/GridTypes.h"
 #include "zenu/grid/IGridNotification.h"
 #include "zenu/grid/ISlimGridCallback.h"
+#include "zenu/grid/KGridCtrl.h"
 #include "zenu/header/IHeaderNotification.h"
 #include "zenu/header/KHeader.h"
 #include "zenu/header/KHeaderItem.h"

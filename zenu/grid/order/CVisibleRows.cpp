@@ -339,6 +339,13 @@ void CVisibleRows::Forget(IGCRow const * row)
     }
 }
 
+void CVisibleRows::ForgetAll()
+{
+    record->focusRow = nullptr;
+    record->topRow = nullptr;
+    record->heights.clear();
+}
+
 int CVisibleRows::GetTopY()
 {
     UpdateNow();
@@ -382,7 +389,7 @@ int CVisibleRows::GetFocusedIndex()
 
 void CVisibleRows::SetFocusedIndex(int index)
 {
-    record->focusRow = GetRowAt(index);
+    record->focusRow = index < 0 ? nullptr : GetRowAt(index);
 }
 
 bool CVisibleRows::IsFocused(IGCRow const * row) const

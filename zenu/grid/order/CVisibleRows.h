@@ -84,6 +84,8 @@ public:
     // For each row that goes, before it goes. Clears the focus if the row has it, forgets its
     // height, and sees to it that no later row at its address is taken for it. O(1).
     void Forget(IGCRow const * row);
+    // The same for all rows at once.
+    void ForgetAll();
 
     // y of the first row on display.
     int GetTopY();
@@ -98,7 +100,7 @@ public:
 
     // -1 for none, and for a focused row out of the order.
     int GetFocusedIndex();
-    // A bad index clears the focus.
+    // A bad index clears the focus; one below 0 never rebuilds.
     void SetFocusedIndex(int index);
     bool IsFocused(IGCRow const * row) const;
     // Null for none. Never rebuilds.

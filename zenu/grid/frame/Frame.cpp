@@ -1,0 +1,190 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+
+#include "zenu/grid/handles/CFastLocator.h"
+#include "zenu/grid/handles/CSafeLocator.h"
+#include "zenu/header/KHeader.h"
+#include "zenu/widgets/KPixmapSet.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+
+#include <algorithm>
+
+namespace zenu {
+
+KGridCtrl::PrivateData::PrivateData(KGridCtrl * owner, int gridId)
+    : SlimWrapperHolder(this)
+    , CVisibleRows(&slimWrapper)
+    , grid(owner)
+    , id(gridId)
+    , notification(owner)
+    , colors(GridColors::fromPalette())
+    , locator(std::make_unique<CSafeLocator>())
+{
+    images.set(KGridImages::Buttons, makeGridGlyphs());
+}
+
+KGridCtrl::PrivateData::~PrivateData()
+{
+    destroying = true;
+    DropWalks();
+    DeleteAllRows();
+    header->setNotification(nullptr);
+    delete header;
+}
+
+void KGridCtrl::PrivateData::CreateHeader()
+{
+    header = new KHeader(grid);
+    header->setVert(false);
+    header->setDragWhenResized(true);
+    if (HasStyle(GCS_NOHEADER)) {
+        header->setHidden(true);
+        header->hide();
+    }
+    header->setFont(font, false);
+    header->setNotification(this);
+}
+
+void KGridCtrl::PrivateData::ComputeAutoHeight()
+{
+    int const textHeight = QFontMetrics(grid->font(), grid).height() + 4;
+    int const imageHeight = images.imageSize(KGridImages::Normal).height();
+    autoHeight = std::max(textHeight, imageHeight) + (HasStyle(GCS_HORZLINES) ? 3 : 0);
+}
+
+int KGridCtrl::PrivateData::Indent() const
+{
+    if (indent != -1) {
+        return indent;
+    }
+    bool const tree = std::ranges::any_of(
+        shownColumns, [](CGCColumn const * column) { return column->HasFlag(GCCF_TREELINES); });
+    int const ofText = 2 * QFontMetrics(grid->font(), grid).horizontalAdvance(QLatin1Char('x'));
+    int const ofImages = images.imageSize(KGridImages::Normal).width() / 2 + 6;
+    return std::max({ofText, ofImages, tree ? 19 : 13});
+}
+
+void KGridCtrl::PrivateData::SetImages(int list, QPixmap const & strip, QSize const & size,
+                                       int count, bool useMask)
+{
+    if (!images.setList(list, std::make_unique<KPixmapSet>(strip, size, count, useMask))) {
+        return;
+    }
+    int const before = DefaultHeight();
+    ComputeAutoHeight();
+    if (DefaultHeight() != before) {
+        Invalidate();
+    }
+    grid->update();
+}
+
+QColor KGridCtrl::PrivateData::SwapColor(int number, QColor const & color)
+{
+    QColor const old = colors.set(number, color);
+    if (GridColors::isNumber(number) && old != color) {
+        grid->update();
+    }
+    return old;
+}
+
+unsigned long KGridCtrl::PrivateData::SetExtendedStyle(unsigned long word)
+{
+    unsigned const old = gridExStyle;
+    gridExStyle = static_cast<unsigned>(word);
+    if (HasStyle(GCS_NOHEADER)) {
+        gridExStyle &= ~static_cast<unsigned>(GCXS_HEADERDRAG);
+    }
+    header->setDragDrop((gridExStyle & GCXS_HEADERDRAG) != 0);
+    bool const fast = (gridExStyle & GCXS_FASTLOCATOR) != 0;
+    if (((old ^ gridExStyle) & GCXS_FASTLOCATOR) && locator->IsEmpty()) {
+        DropWalks();
+        if (fast) {
+            locator = std::make_unique<CFastLocator>(Wrapper(), this);
+        } else {
+            locator = std::make_unique<CSafeLocator>();
+        }
+    }
+    return old;
+}
+
+void KGridCtrl::PrivateData::Reset()
+{
+    nextColumnId = 0;
+    DeleteAllRows();
+    DeleteAllColumns();
+    if (!HasStyle(GCS_KEEPIMAGES)) {
+        images.clearLists();
+    }
+    grid->update();
+}
+
+void KGridCtrl::PrivateData::LookChanged()
+{
+    font = grid->font();
+    textCache.clear();
+    header->setFont(font, true);
+    int const before = DefaultHeight();
+    ComputeAutoHeight();
+    if (DefaultHeight() != before) {
+        Invalidate();
+    }
+    PlaceHeader();
+    grid->contentsSizeChanged();
+    grid->update();
+}
+
+int KGridCtrl::PrivateData::GetChildCount(ISlimGridCallbackWrapper *)
+{
+    return rootRows.count();
+}
+
+IGCRow * KGridCtrl::PrivateData::GetChild(int index)
+{
+    return rootRows.at(index);
+}
+
+RowSpan KGridCtrl::PrivateData::GetChildren(ISlimGridCallbackWrapper *)
+{
+    return rootRows.span();
+}
+
+// Without a sink the answer is no; nothing looks at it.
+bool KGridCtrl::PrivateData::OnTopRowChanging(IGCRow * newTop)
+{
+    return notification && notification->OnScrolling(newTop ? newTop->Handle() : nullptr);
+}
+
+void KGridCtrl::PrivateData::OnTopRowChanged()
+{
+    if (notification) {
+        notification->OnScrolled();
+    }
+}
+
+// Bars that show when needed come and go with the rows, and the page with them.
+void KGridCtrl::PrivateData::OnRowsLaidOut()
+{
+    QRect const before = ClientRect();
+    if (grid->getVScrollBarMode() == AsNeeded || grid->getHScrollBarMode() == AsNeeded) {
+        grid->contentsSizeChanged();
+    }
+    if (ClientRect() != before) {
+        PlaceHeader();
+        UpdateHorizontalBar();
+        if (!IsEmpty()) {
+            SetTop(GetTopIndex());
+        }
+    }
+    UpdateVerticalBar();
+    if (!paintsAll) {
+        grid->update();
+    }
+}
+
+int KGridCtrl::PrivateData::GetPageHeight()
+{
+    return std::max(ClientRect().bottom() - headerHeight, 0);
+}
+
+} // namespace zenu

@@ -1,0 +1,347 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
+#include "zenu/grid/frame/TreeWalk.h"
+
+#include "zenu/grid/columns/CGCColumnKinds.h"
+#include "zenu/header/KHeader.h"
+
+#include <algorithm>
+
+namespace zenu {
+
+namespace {
+
+constexpr int headerText = 0x4000;   // the item draws its text
+constexpr int headerFixed = 0x10;    // the item can't be resized
+constexpr int headerArrows = 0x60;   // sort arrows: the application's, kept over rebuilds
+constexpr int headerAlignment = 0x7; // bits of a column's format
+
+// Repaints each section it visits: a section draws across all columns.
+class CInvalidateSection : public IGCRowVisitor
+{
+public:
+    explicit CInvalidateSection(KGridCtrl::PrivateData * visitedFrame)
+        : frame(visitedFrame)
+    {
+    }
+    void VisitSection(CGCSection * row) override { frame->InvalidateRow(row); }
+
+private:
+    KGridCtrl::PrivateData * frame;
+};
+
+int headerFormat(CGCColumn const & column)
+{
+    return headerText | (column.HasFlag(GCCF_FIXEDWIDTH) ? headerFixed : 0) |
+           (column.format & headerAlignment);
+}
+
+} // namespace
+
+CGCColumn * KGridCtrl::PrivateData::InsertColumn(int index, GC_COLUMN const * record)
+{
+    std::unique_ptr<CGCColumn> made =
+        makeColumn(record->kind, static_cast<int>(nextColumnId), columns.count());
+    if (!made) {
+        return nullptr;
+    }
+    ++nextColumnId;
+    made->SetRecord(record);
+    auto const count = static_cast<unsigned>(columns.count()) + 1;
+    auto const position =
+        static_cast<unsigned>(index) > count ? static_cast<int>(count) - 1 : index;
+    for (CGCColumn * const other : columns.all()) {
+        other->order += other->order >= position ? 1 : 0;
+    }
+    made->order = position;
+    CGCColumn * const column = columns.add(std::move(made));
+    RebuildColumns();
+    forEachOrdinaryRow(rootRows.span(), [=](CGCOrdinaryRow * row) { row->AddColumnItem(column); });
+    return column;
+}
+
+void KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
+{
+    forEachOrdinaryRow(rootRows.span(),
+                       [=](CGCOrdinaryRow * row) { row->RemoveColumnItem(column); });
+    // By the order among all columns: with hidden ones in front another item goes. The next rebuild
+    // of the header mends it.
+    header->deleteItem(column->order);
+    std::erase(shownColumns, column);
+    std::unique_ptr<CGCColumn> const taken = columns.take(column->id);
+    for (CGCColumn * const other : columns.all()) {
+        other->order -= other->order > column->order ? 1 : 0;
+    }
+    PlaceColumns();
+    grid->update();
+}
+
+void KGridCtrl::PrivateData::DeleteAllColumns()
+{
+    shownColumns.clear();
+    columns.clear();
+    header->deleteAllItems();
+    focusColumn = -1;
+    hScrollPos = 0;
+    PlaceColumns();
+}
+
+void KGridCtrl::PrivateData::ShowColumn(CGCColumn * column, bool show)
+{
+    if (column->IsHidden() != show) {
+        return;
+    }
+    column->flags ^= GCCF_HIDDEN;
+    RebuildColumns();
+    grid->update();
+}
+
+bool KGridCtrl::PrivateData::GetColumnOrder(tag_HCOLUMN ** handles, int count) const
+{
+    if (columns.count() == 0 || count < columns.count() || !handles) {
+        return false;
+    }
+    std::vector<CGCColumn *> sorted(columns.all().begin(), columns.all().end());
+    std::ranges::stable_sort(sorted, {}, &CGCColumn::order);
+    std::ranges::transform(sorted, handles, &CGCColumn::Handle);
+    return true;
+}
+
+bool KGridCtrl::PrivateData::SetColumnOrder(tag_HCOLUMN ** handles, int count)
+{
+    if (count != columns.count() || (count != 0 && !handles)) {
+        return false;
+    }
+    for (int place = 0; place < count; ++place) {
+        if (CGCColumn * const column = columns.find(handles[place])) {
+            column->order = place;
+        }
+    }
+    RebuildColumns();
+    grid->update();
+    return true;
+}
+
+int KGridCtrl::PrivateData::HeaderItemOf(CGCColumn const * column) const
+{
+    for (int i = 0; i < header->getItemsCount(); ++i) {
+        if (header->getItem(i)->getLParam() == static_cast<unsigned>(column->id)) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+int KGridCtrl::PrivateData::ShownIndexOf(CGCColumn const * column) const
+{
+    auto const found = std::ranges::find(shownColumns, column);
+    return found == shownColumns.end() ? -1 : static_cast<int>(found - shownColumns.begin());
+}
+
+CGCColumn * KGridCtrl::PrivateData::ShownColumn(int index) const
+{
+    return index >= 0 && static_cast<std::size_t>(index) < shownColumns.size()
+               ? shownColumns[static_cast<std::size_t>(index)]
+               : nullptr;
+}
+
+// The header is thrown away and rebuilt from the shown columns; the sort arrows are kept by id.
+void KGridCtrl::PrivateData::rebuildHeader()
+{
+    std::unordered_map<unsigned, int> arrows;
+    bool const wasBlocked = header->blockControl(true);
+    for (int i = 0; i < header->getItemsCount(); ++i) {
+        KHeaderItem const * const item = header->getItem(i);
+        arrows[item->getLParam()] = item->getFmt() & headerArrows;
+    }
+    header->deleteAllItems();
+    for (CGCColumn const * const column : shownColumns) {
+        auto const kept = arrows.find(static_cast<unsigned>(column->id));
+        int const fmt = headerFormat(*column) | (kept == arrows.end() ? 0 : kept->second);
+        header->insertItem(-1, KHeaderItem(column->Text() ? column->Text() : "", nullptr, fmt, 0,
+                                           column->width, column->id));
+    }
+    header->blockControl(wasBlocked);
+}
+
+void KGridCtrl::PrivateData::RebuildColumns()
+{
+    CGCColumn * const focused = ShownColumn(focusColumn);
+    shownColumns.clear();
+    for (CGCColumn * const column : columns.all()) {
+        if (!column->IsHidden()) {
+            auto const place =
+                std::ranges::upper_bound(shownColumns, column->order, {}, &CGCColumn::order);
+            shownColumns.insert(place, column);
+        }
+    }
+    if (int const index = focused ? ShownIndexOf(focused) : -1; index != -1) {
+        focusColumn = index;
+    }
+    rebuildHeader();
+    int const clientRight = ClientRect().right();
+    if (header->isProportional()) {
+        header->applyGeometry(QRect(QPoint(0, 0), QPoint(clientRight, 0)));
+    }
+    PlaceColumns();
+    if (focusColumn >= static_cast<int>(shownColumns.size())) {
+        focusColumn = static_cast<int>(shownColumns.size()) - 1;
+    }
+    if (contentsWidth - hScrollPos < clientRight) {
+        hScrollPos = std::max(contentsWidth - clientRight, 0);
+        EnsureColumnVisible(ShownColumn(focusColumn));
+    }
+    PlaceHeader();
+    UpdateHorizontalBar();
+    grid->update();
+}
+
+void KGridCtrl::PrivateData::PlaceColumns()
+{
+    if (header->isProportional()) {
+        for (int i = 0; i < header->getItemsCount(); ++i) {
+            KHeaderItem const * const item = header->getItem(i);
+            if (CGCColumn * const column = columns.find(static_cast<int>(item->getLParam()))) {
+                column->width = item->getWH();
+            }
+        }
+    }
+    long long left = 0;
+    for (CGCColumn * const column : shownColumns) {
+        column->left = static_cast<int>(std::clamp<long long>(left, 0, INT_MAX / 2));
+        left += column->width;
+    }
+    contentsWidth = static_cast<int>(std::clamp<long long>(left, 0, INT_MAX / 2));
+}
+
+void KGridCtrl::PrivateData::PlaceHeader()
+{
+    int const clientRight = ClientRect().right();
+    if (clientRight > contentsWidth && hScrollPos != 0) {
+        hScrollPos = 0;
+        grid->update();
+    }
+    int right = contentsWidth;
+    if (header->isProportional()) {
+        right = clientRight;
+    } else if (contentsWidth - hScrollPos < clientRight) {
+        right = clientRight + hScrollPos;
+    }
+    QRect const wanted = header->getLayout(QRect(QPoint(0, 0), QPoint(right, 0)));
+    headerHeight = wanted.bottom() - wanted.top();
+    header->applyGeometry(
+        QRect(-hScrollPos, wanted.top(), wanted.right() - wanted.left(), headerHeight));
+    header->update(true);
+}
+
+void KGridCtrl::PrivateData::storeWidth(CGCColumn * column, int width, bool updateHeader)
+{
+    CInvalidateSection sections(this);
+    RowSpan const rows = rootRows.span();
+    for (int i = 0; i < rows.count() && !header->isProportional(); ++i) {
+        rows[i]->Accept(&sections);
+    }
+    QRect changed = ClientRect();
+    changed.setLeft(column->left - hScrollPos);
+    grid->update(changed);
+    column->width = width;
+    if (updateHeader) {
+        header->setWH(HeaderItemOf(column), width);
+        header->update(false);
+    }
+    PlaceColumns();
+    PlaceHeader();
+    UpdateHorizontalBar();
+}
+
+// What has changed replaces all that the header's format held, so a new alignment takes the fixed
+// bit and the sort arrows away, and a new fixed bit the alignment. Applications set them again.
+void KGridCtrl::PrivateData::updateHeaderFormat(CGCColumn const * column, GC_COLUMN const * record)
+{
+    bool const formatChanged =
+        (record->mask & GCCM_FORMAT) && (record->format & 0xffff) != (column->format & 0xffff);
+    bool const flagsChanged =
+        (record->mask & GCCM_FLAGS) && ((record->flags ^ column->flags) & GCCF_FIXEDWIDTH);
+    if (formatChanged || flagsChanged) {
+        int const fixed = flagsChanged ? static_cast<int>(record->flags & GCCF_FIXEDWIDTH) << 4 : 0;
+        int const format = formatChanged ? record->format & 0xbfff : 0;
+        header->setFormat(HeaderItemOf(column), headerText | fixed | format);
+        header->update(false);
+    }
+}
+
+bool KGridCtrl::PrivateData::SetColumn(CGCColumn * column, GC_COLUMN const * record,
+                                       bool updateHeader)
+{
+    if ((record->mask & GCCM_WIDTH) && record->width != column->width) {
+        storeWidth(column, record->width, updateHeader);
+    }
+    if (record->mask & GCCM_KIND) {
+        if (static_cast<unsigned>(record->kind) >= GCCK_CHECKBOXWITHICON) {
+            return false;
+        }
+        std::replace(shownColumns.begin(), shownColumns.end(), column,
+                     static_cast<CGCColumn *>(nullptr));
+        column = columns.replace(makeColumnFrom(record->kind, *column));
+        std::replace(shownColumns.begin(), shownColumns.end(), static_cast<CGCColumn *>(nullptr),
+                     column);
+        forEachOrdinaryRow(rootRows.span(),
+                           [=](CGCOrdinaryRow * row) { row->ColumnKindChanged(column); });
+        RebuildColumns();
+    }
+    if (record->mask & GCCM_TEXT) {
+        header->setText(HeaderItemOf(column), record->text ? record->text : "");
+    }
+    updateHeaderFormat(column, record);
+    column->SetRecord(record);
+    if (record->mask & (GCCM_FORMAT | GCCM_FLAGS)) {
+        grid->update();
+    }
+    return true;
+}
+
+void KGridCtrl::PrivateData::onLeftButtonDown()
+{
+    grid->setFocus();
+}
+
+void KGridCtrl::PrivateData::onRightButtonDown()
+{
+    grid->setFocus();
+}
+
+bool KGridCtrl::PrivateData::onBeginTrack(int, int *)
+{
+    return (gridExStyle & GCXS_HEADERDRAG) == 0;
+}
+
+// At each step of a divider drag; the header has the width already.
+bool KGridCtrl::PrivateData::onTrack(int item, int *)
+{
+    KHeaderItem const * const headerItem = header->getItem(item);
+    CGCColumn * const column =
+        headerItem ? columns.find(static_cast<int>(headerItem->getLParam())) : nullptr;
+    if (!column) {
+        return false;
+    }
+    GC_COLUMN record;
+    record.mask = GCCM_WIDTH;
+    record.width = headerItem->getWH();
+    tag_HCOLUMN * const handle = column->Handle();
+    SetColumn(column, &record, false);
+    RowGuard const guard(this, nullptr);
+    if (notification) {
+        notification->OnColumnResized(handle, record.width);
+    }
+    if (guard.hasGrid()) {
+        grid->update();
+    }
+    return false;
+}
+
+bool KGridCtrl::PrivateData::onEndTrack(int, int *)
+{
+    return false;
+}
+
+} // namespace zenu

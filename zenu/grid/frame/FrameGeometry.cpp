@@ -1,0 +1,146 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+
+#include "zenu/grid/geometry/CElementRects.h"
+#include "zenu/grid/geometry/CGetRowElementPos.h"
+#include "zenu/grid/geometry/HitElement.h"
+#include "zenu/grid/look/CDrawContext.h"
+
+#include <algorithm>
+
+namespace zenu {
+
+QRect KGridCtrl::PrivateData::RowRect(IGCRow * row)
+{
+    int const index = IndexOf(row);
+    if (index == -1) {
+        return {};
+    }
+    QRect const client = ClientRect();
+    return {client.left(), GetTopOf(index) - ContentsOffset().y(), client.width(),
+            GetHeightAt(index)};
+}
+
+// Right is left plus width: one pixel more than the column has, as edges of a rectangle go here.
+QRect KGridCtrl::PrivateData::ItemRect(IGCRow * row, CGCColumn * column)
+{
+    int const index = IndexOf(row);
+    if (index == -1) {
+        return {};
+    }
+    QPoint const offset = ContentsOffset();
+    int const top = GetTopOf(index) - offset.y();
+    QRect rect;
+    rect.setCoords(column->left - offset.x(), top, column->Right() - offset.x(),
+                   top + GetHeightAt(index) - 1);
+    return rect;
+}
+
+bool KGridCtrl::PrivateData::ElementRects(IGCRow * row, CGCColumn * column, CElementRects * rects)
+{
+    int const index = IndexOf(row);
+    if (index == -1) {
+        return false;
+    }
+    CDrawContext const context = DrawContext();
+    CGetRowElementPos visitor(context, false, column, GetTopOf(index), GetHeightAt(index));
+    row->Accept(&visitor);
+    *rects = visitor.result();
+    return true;
+}
+
+int KGridCtrl::PrivateData::ShownColumnAt(int contentsX) const
+{
+    auto const after = std::ranges::upper_bound(shownColumns, contentsX, {}, &CGCColumn::left);
+    if (after == shownColumns.begin()) {
+        return -1;
+    }
+    auto const found = after - 1;
+    return contentsX < (*found)->Right() ? static_cast<int>(found - shownColumns.begin()) : -1;
+}
+
+KGridCtrl::PrivateData::Hit KGridCtrl::PrivateData::HitTest(QPoint const & point)
+{
+    if (IsEmpty()) {
+        return {};
+    }
+    QPoint const offset = ContentsOffset();
+    long long const y = static_cast<long long>(point.y()) + offset.y();
+    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - offset.x() || y < 0 ||
+        y >= GetTotalHeight()) {
+        return {};
+    }
+    int const rowIndex = IndexFromY(static_cast<int>(y));
+    int const columnIndex = ShownColumnAt(point.x() + offset.x());
+    if (rowIndex == -1 || columnIndex == -1) {
+        return {};
+    }
+    return {GetRowAt(rowIndex), shownColumns[static_cast<std::size_t>(columnIndex)]};
+}
+
+unsigned KGridCtrl::PrivateData::HitElementAt(Hit const & hit, QPoint const & point)
+{
+    CElementRects rects;
+    if (!hit.row || !ElementRects(hit.row, hit.column, &rects)) {
+        return GCEL_NONE;
+    }
+    return hitElement(rects, point + ContentsOffset());
+}
+
+// While the order waits for its rebuild nothing is known of where a row is; the rebuild that the
+// next paint makes lays out all rows anew, so all is painted.
+void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
+{
+    if (!shown) {
+        return;
+    }
+    if (IsDirty()) {
+        grid->update();
+        return;
+    }
+    if (QRect rect = RowRect(row); !rect.isNull()) {
+        rect.setLeft(-hScrollPos);
+        rect.setRight(contentsWidth - hScrollPos);
+        grid->update(rect);
+    }
+}
+
+void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
+{
+    if (!shown) {
+        return;
+    }
+    if (IsDirty()) {
+        grid->update();
+        return;
+    }
+    if (QRect const rect = ItemRect(row, column); !rect.isNull() && !column->IsHidden()) {
+        grid->update(rect.adjusted(0, 0, -1, 0));
+    }
+}
+
+void KGridCtrl::PrivateData::InvalidateColumn(CGCColumn * column)
+{
+    QRect rect = ClientRect();
+    rect.setLeft(column->left - hScrollPos);
+    rect.setRight(column->Right() - hScrollPos - 1);
+    grid->update(rect);
+}
+
+// Every row of the order is laid out, whether it is on display or not.
+int KGridCtrl::PrivateData::BestFit(CGCColumn * column)
+{
+    CDrawContext const context = DrawContext();
+    int const count = GetCount();
+    int widest = 0;
+    for (int i = 0; i < count; ++i) {
+        CGetRowElementPos visitor(context, false, column, 0, GetHeightAt(i));
+        GetRowAt(i)->Accept(&visitor);
+        CElementRects const & rects = visitor.result();
+        int const width = rects.leadRect.width() + rects.fullTextRect.width() +
+                          rects.textRect.left() + 2 - column->left;
+        widest = std::max(widest, width);
+    }
+    return widest;
+}
+
+} // namespace zenu

@@ -1,0 +1,143 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+
+#include "zenu/grid/look/CDrawContext.h"
+#include "zenu/grid/painting/CDrawRowVisitor.h"
+#include "zenu/grid/painting/PaintPass.h"
+#include "zenu/overlay/KPainter.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace zenu {
+
+namespace {
+
+constexpr int largestPieceCount = 4; // of an exposed region that is painted piece by piece
+
+} // namespace
+
+CDrawContext KGridCtrl::PrivateData::DrawContext()
+{
+    textCache.setDevice(grid);
+    CDrawContext context;
+    context.fullRowSelect = HasStyle(GCS_FULLROWSELECT);
+    context.verticalLines = HasStyle(GCS_VERTLINES);
+    context.horizontalLines = HasStyle(GCS_HORZLINES);
+    context.hasFocus = grid->hasFocus();
+    context.showSelectionInactive = HasStyle(GCS_SHOWSELALWAYS);
+    context.flatLeadImage = HasStyle(GCS_FLATLEAD);
+    context.anyFramedColumn = std::ranges::any_of(
+        columns.all(), [](CGCColumn const * column) { return column->HasFlag(GCCF_FRAMED); });
+    if (CGCColumn const * const column = ShownColumn(focusColumn)) {
+        context.focusColumn = column->itemIndex;
+    }
+    context.indent = Indent();
+    context.contentsWidth = contentsWidth;
+    context.font = &font;
+    context.colors = colors;
+    context.images = &images;
+    context.ownerDraw = this;
+    context.textCallback = this;
+    context.slimCallback = Wrapper();
+    context.lastChild = this;
+    context.texts = &textCache;
+    return context;
+}
+
+void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
+{
+    if (inPaint) {
+        return; // a callback of the application led here
+    }
+    QScopedValueRollback<bool> const painting(inPaint, true);
+    {
+        // Whatever the rebuild changes is painted now, unless only a part is.
+        QScopedValueRollback<bool> const all(paintsAll, exposed.contains(grid->rect()) &&
+                                                            exposed.boundingRect() == grid->rect());
+        UpdateNow();
+    }
+    CDrawContext const context = DrawContext();
+    KPainter painter(grid);
+    // Coordinates start at the top of the first row on display, not at that of the first row: far
+    // down a long list the painter's fixed point numbers would overflow.
+    painter.translate(-hScrollPos, headerHeight);
+    if (slimCallback) {
+        slimCallback->BeginPaint();
+    }
+    if (exposed.rectCount() <= largestPieceCount) {
+        for (QRect const & piece : exposed) {
+            paintRows(&painter, piece, context);
+        }
+    } else {
+        paintRows(&painter, exposed.boundingRect(), context);
+    }
+    if (slimCallback) {
+        slimCallback->EndPaint();
+    }
+    paintAround(&painter, exposed.boundingRect());
+}
+
+// The rows that meet a rectangle in widget coordinates, below the header.
+void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed,
+                                       CDrawContext const & context)
+{
+    QRect area = exposed;
+    area.setTop(std::max(area.top(), headerHeight));
+    if (IsEmpty() || area.isEmpty()) {
+        return;
+    }
+    QPoint const offset = ContentsOffset();
+    int const firstColumn = std::max(ShownColumnAt(area.left() + offset.x()), 0);
+    int const lastColumn = ShownColumnAt(area.right() + offset.x());
+    int const pastColumn =
+        lastColumn == -1 ? static_cast<int>(shownColumns.size()) : lastColumn + 1;
+    std::span<CGCColumn * const> const painted =
+        std::span(shownColumns)
+            .subspan(static_cast<std::size_t>(firstColumn),
+                     static_cast<std::size_t>(std::max(pastColumn - firstColumn, 0)));
+
+    int const topY = GetTopY();
+    int const first = std::max(IndexFromY(area.top() + offset.y()), 0);
+    int const bottom = IndexFromY(area.bottom() + offset.y());
+    int const pastShown = std::min(GetLastShownIndex() + 1, GetCount());
+    int const past = bottom == -1 ? pastShown : std::min(bottom + 1, pastShown);
+    PaintPass pass(painter, context, painted);
+    for (int i = first; i < past; ++i) {
+        IGCRow * const row = GetRowAt(i);
+        DrawnRow drawn;
+        drawn.selected = selection.contains(row);
+        drawn.firstRow = i == 0;
+        drawn.lastChild = row->IsLastChild();
+        drawn.focused = IsFocused(row);
+        drawn.y = GetTopOf(i) - topY;
+        drawn.height = GetHeightAt(i);
+        CDrawRowVisitor visitor(pass, painted, drawn);
+        row->Accept(&visitor);
+    }
+}
+
+// What no row covers: right of the columns and below the last row on display.
+void KGridCtrl::PrivateData::paintAround(KPainter * painter, QRect const & exposed)
+{
+    QRect const area = exposed.translated(hScrollPos, -headerHeight);
+    QColor const & background = colors[GCC_BACKGROUND];
+    if (area.right() >= contentsWidth) {
+        QRect right = area;
+        right.setLeft(std::max(area.left(), contentsWidth));
+        painter->fillRect(right, background);
+    }
+    int bottom = 0;
+    if (!IsEmpty()) {
+        int const last = std::min(GetLastShownIndex(), GetCount() - 1);
+        bottom = GetTopOf(last) + GetHeightAt(last) - GetTopY();
+    }
+    if (area.bottom() >= bottom) {
+        QRect below = area;
+        below.setTop(std::max(area.top(), bottom));
+        below.setRight(std::min(area.right(), contentsWidth - 1));
+        painter->fillRect(below, background);
+    }
+}
+
+} // namespace zenu

@@ -1,0 +1,116 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
+
+namespace zenu {
+
+// A few rows are repainted one by one, many with the whole widget: Qt's region of what is to be
+// painted gets no shorter by a million rectangles.
+void KGridCtrl::PrivateData::AddToSelection(std::span<IGCRow * const> rows)
+{
+    bool const few = rows.size() <= static_cast<std::size_t>(std::max(shownRows(), 1));
+    bool changed = false;
+    for (IGCRow * const row : rows) {
+        if (selection.insert(row)) {
+            changed = true;
+            if (few) {
+                InvalidateRow(row);
+            }
+        }
+    }
+    if (changed && !few) {
+        grid->update();
+    }
+}
+
+void KGridCtrl::PrivateData::RemoveFromSelection(IGCRow * row)
+{
+    if (selection.erase(row)) {
+        selectionWalk.reset();
+        InvalidateRow(row);
+    }
+}
+
+void KGridCtrl::PrivateData::ClearSelectedRows()
+{
+    selectionWalk.reset();
+    if (selection.isEmpty()) {
+        return;
+    }
+    repaintSelectedRows();
+    selection.clear();
+}
+
+// The selected rows on display.
+void KGridCtrl::PrivateData::repaintSelectedRows()
+{
+    if (IsDirty()) {
+        grid->update(); // what is on display is not known yet
+        return;
+    }
+    int const past = std::min(GetTopIndex() + GetShownCount(), GetCount());
+    for (int i = GetTopIndex(); i < past; ++i) {
+        if (IGCRow * const row = GetRowAt(i); selection.contains(row)) {
+            InvalidateRow(row);
+        }
+    }
+}
+
+void KGridCtrl::PrivateData::SelectAllVisible()
+{
+    int const count = GetCount();
+    for (int i = 0; i < count; ++i) {
+        selection.insert(GetRowAt(i));
+    }
+    if (count != 0) {
+        grid->update();
+    }
+}
+
+int KGridCtrl::PrivateData::shownRows()
+{
+    return IsDirty() ? 0 : GetShownCount();
+}
+
+// No notification guards the focus: it has moved before anything is asked.
+void KGridCtrl::PrivateData::MoveFocus(int rowIndex, int columnIndex)
+{
+    CGCColumn * const column = ShownColumn(columnIndex);
+    if (rowIndex < 0 || rowIndex >= GetCount() || !column) {
+        return;
+    }
+    if (IGCRow * const before = FocusedRow()) {
+        before->SetFocusCell(false, -1);
+        InvalidateRow(before);
+    }
+    IGCRow * const row = GetRowAt(rowIndex);
+    focusColumn = columnIndex;
+    SetFocusedIndex(rowIndex);
+    row->SetFocusCell(true, column->itemIndex);
+    InvalidateRow(row);
+    if (HasStyle(GCS_AUTOHSCROLL)) {
+        RowGuard const guard(this, row);
+        EnsureRowVisible(row);
+        if (guard.hasGrid()) {
+            EnsureColumnVisible(ShownColumn(columnIndex));
+        }
+    }
+}
+
+void KGridCtrl::PrivateData::ClearFocus()
+{
+    if (IGCRow * const row = FocusedRow()) {
+        row->SetFocusCell(false, -1);
+        InvalidateRow(row);
+    }
+    focusColumn = -1;
+    SetFocusedIndex(-1);
+}
+
+void KGridCtrl::PrivateData::TellSelectionChanged()
+{
+    if (notification) {
+        notification->OnSelectionChanged();
+    }
+}
+
+} // namespace zenu

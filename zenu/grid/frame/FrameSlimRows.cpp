@@ -1,0 +1,245 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+
+#include "zenu/grid/rows/CGCSlimRow.h"
+
+#include <algorithm>
+
+namespace zenu {
+
+void KSlimGridCallbackWrapper::GetRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row)
+{
+    if (ISlimGridCallback * const callback = frame->slimCallback) {
+        callback->GetRowDrawInfo(info, row->Handle(), static_cast<long>(row->param),
+                                 frame->selection.contains(row));
+    }
+}
+
+void KSlimGridCallbackWrapper::ReleaseRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row)
+{
+    if (ISlimGridCallback * const callback = frame->slimCallback) {
+        callback->ReleaseRowDrawInfo(info, row->Handle(), static_cast<long>(row->param));
+    }
+}
+
+void KSlimGridCallbackWrapper::GetItemDrawInfo(GC_DRAWITEMINFO * info, IGCRow * row,
+                                               CGCColumn * column, bool selected, bool focusCell)
+{
+    if (ISlimGridCallback * const callback = frame->slimCallback) {
+        callback->GetItemDrawInfo(info, row->Handle(), static_cast<long>(row->param),
+                                  column->Handle(), column->width / 2, selected, focusCell);
+    }
+}
+
+char const * KSlimGridCallbackWrapper::GetItemText(IGCRow * row, CGCColumn * column)
+{
+    ISlimGridCallback * const callback = frame->slimCallback;
+    return callback ? callback->GetItemText(row->Handle(), static_cast<long>(row->param),
+                                            column->Handle())
+                    : nullptr;
+}
+
+void KSlimGridCallbackWrapper::SetItemText(IGCRow * row, CGCColumn * column, char const * text)
+{
+    if (ISlimGridCallback * const callback = frame->slimCallback) {
+        callback->SetItemText(row->Handle(), static_cast<long>(row->param), column->Handle(), text);
+    }
+}
+
+void KSlimGridCallbackWrapper::SetItemCheck(IGCRow * row, CGCColumn * column, bool checked)
+{
+    if (ISlimGridCallback * const callback = frame->slimCallback) {
+        callback->SetItemCheck(row->Handle(), static_cast<long>(row->param), column->Handle(),
+                               checked);
+    }
+}
+
+int KSlimGridCallbackWrapper::IsItemChecked(IGCRow * row, CGCColumn * column)
+{
+    ISlimGridCallback * const callback = frame->slimCallback;
+    return callback ? callback->IsItemChecked(row->Handle(), static_cast<long>(row->param),
+                                              column->Handle())
+                    : 0;
+}
+
+bool KSlimGridCallbackWrapper::HasSubRows(IGCRow * row)
+{
+    ISlimGridCallback * const callback = frame->slimCallback;
+    return callback && callback->HasSubRows(row->Handle(), static_cast<long>(row->param));
+}
+
+int KSlimGridCallbackWrapper::GetSubRowCount(IGCRow * row)
+{
+    ISlimGridCallback * const callback = frame->slimCallback;
+    return callback ? callback->GetSubRowCount(row->Handle(), static_cast<long>(row->param)) : 0;
+}
+
+void KSlimGridCallbackWrapper::LoadSubRows(CGCSlimRow * row, bool expanded, int count)
+{
+    frame->LoadSubRows(row, expanded, count);
+}
+
+int KSlimGridCallbackWrapper::GetDefaultRowHeight()
+{
+    return frame->DefaultHeight();
+}
+
+void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int count)
+{
+    if (count < 1 || !slimCallback) {
+        return;
+    }
+    auto const size = static_cast<std::size_t>(count);
+    std::vector<GC_SLIMROWDATA> records(size);
+    slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count, records.data());
+    bool const lonely = std::ranges::none_of(
+        records, [](GC_SLIMROWDATA const & record) { return record.hasChildren != 0; });
+    CGCSlimRow::CSubRows * const block = row->CreateBlock(lonely, expanded, count);
+    if (!block) {
+        return;
+    }
+    RowSpan const rows = block->GetRows();
+    DropAllRowsWalk();
+    locator->AddRange(rows);
+    for (int i = 0; i < count; ++i) {
+        GC_SLIMROWDATA & record = records[static_cast<std::size_t>(i)];
+        IGCRow * const child = rows[i];
+        record.row = child->Handle();
+        child->param = static_cast<unsigned long>(record.param);
+        if (record.height != -1) {
+            SetRowHeight(child, record.height);
+        }
+    }
+    if (slimCallback) {
+        slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
+                                       records.data());
+    }
+}
+
+bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
+{
+    IGCRow * const parent = record->parent == GC_ROOT ? nullptr : LocateRow(record->parent);
+    if ((!parent && record->parent != GC_ROOT) || record->count < 0 ||
+        (record->count > 0 && !record->rows)) {
+        return false;
+    }
+    std::span<GC_SLIMROWDATA> const records(record->rows, static_cast<std::size_t>(record->count));
+    std::vector<IGCRow *> rows;
+    rows.reserve(records.size());
+    DropAllRowsWalk();
+    for (GC_SLIMROWDATA & data : records) {
+        IGCRow * row = nullptr;
+        if (data.hasChildren) {
+            row = new CGCSlimRow(parent);
+        } else {
+            row = new CGCLonelySlimRow(parent);
+        }
+        row->param = static_cast<unsigned long>(data.param);
+        locator->AddRow(row);
+        if (data.height != -1) {
+            SetRowHeight(row, data.height);
+        }
+        data.row = row->Handle();
+        rows.push_back(row);
+    }
+    bool const inserted = parent ? parent->InsertChildrenAfter(rows, record->after)
+                                 : InsertAtTop(rows, record->after);
+    if (!inserted) {
+        DropAllRowsWalk();
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            records[i].row = nullptr;
+            locator->RemoveRow(rows[i]);
+            Forget(rows[i]);
+            delete rows[i];
+        }
+        return false;
+    }
+    if (parent) {
+        DropChildWalk(parent);
+    } else {
+        rootChildWalk.reset();
+    }
+    Invalidate();
+    if (slimCallback) {
+        slimCallback->OnSubRowsCreated(parent ? parent->Handle() : GC_ROOT,
+                                       parent ? static_cast<long>(parent->param) : 0, record->count,
+                                       record->rows);
+    }
+    return true;
+}
+
+bool KGridCtrl::PrivateData::ResetSlimRow(IGCRow * row)
+{
+    auto * const slim = dynamic_cast<CGCSlimRow *>(row);
+    if (!slim) {
+        return false;
+    }
+    resetSubRows(slim);
+    return true;
+}
+
+namespace {
+
+// A slim row whose children are being dropped, and how far.
+struct ResetLevel
+{
+    explicit ResetLevel(CGCSlimRow * resetRow, RowSpan rows)
+        : row(resetRow)
+        , children(rows)
+        , records(static_cast<std::size_t>(rows.count()))
+    {
+    }
+    CGCSlimRow * row;
+    RowSpan children;
+    std::vector<GC_SLIMROWDATA> records;
+    int next = 0;
+    bool childIsEmpty = false; // the children of the next child are dropped already
+};
+
+} // namespace
+
+// Depth first: a row's children go before the row itself does.
+void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
+{
+    std::vector<ResetLevel> levels;
+    auto const open = [&](CGCSlimRow * row) {
+        DropChildWalk(row);
+        levels.emplace_back(row, row->GetChildren(Wrapper()));
+    };
+    open(top);
+    while (!levels.empty()) {
+        ResetLevel & level = levels.back();
+        if (level.next < level.children.count()) {
+            IGCRow * const child = level.children[level.next];
+            if (!level.childIsEmpty && !level.children.areLonely()) {
+                level.childIsEmpty = true;
+                open(static_cast<CGCSlimRow *>(child));
+                continue;
+            }
+            GC_SLIMROWDATA & record = level.records[static_cast<std::size_t>(level.next)];
+            record.row = child->Handle();
+            record.param = static_cast<long>(child->param);
+            if (selection.erase(child)) {
+                selectionWalk.reset();
+            }
+            if (IsFocused(child)) {
+                ClearFocus();
+            }
+            Forget(child);
+            DropAllRowsWalk();
+            locator->RemoveRow(child);
+            level.childIsEmpty = false;
+            ++level.next;
+            continue;
+        }
+        if (slimCallback) {
+            slimCallback->OnSubRowsDeleted(level.row->Handle(), static_cast<long>(level.row->param),
+                                           level.children.count(),
+                                           level.records.empty() ? nullptr : level.records.data());
+        }
+        level.row->DropChildren();
+        levels.pop_back();
+    }
+    Invalidate();
+}
+
+} // namespace zenu

@@ -1,0 +1,141 @@
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
+
+#include "zenu/grid/handles/CSafeLocator.h"
+
+namespace zenu {
+
+void KGridCtrl::PrivateData::DropAllRowsWalk()
+{
+    allRowsWalk.reset();
+    ++treeVersion;
+}
+
+void KGridCtrl::PrivateData::DropChildWalk(IGCRow * parent)
+{
+    if (!childWalks.empty()) {
+        childWalks.erase(parent);
+    }
+}
+
+void KGridCtrl::PrivateData::DropWalks()
+{
+    DropAllRowsWalk();
+    selectionWalk.reset();
+    rootChildWalk.reset();
+    childWalks.clear();
+    CVisibleRows::DropWalks();
+}
+
+IGCRow * KGridCtrl::PrivateData::nextInWalk(unsigned flags, tag_HROW * handle)
+{
+    // NEXT compares the handle with the row that the walk gave out last, and nothing else.
+    auto * const given = reinterpret_cast<IGCRow *>(handle);
+    switch (flags) {
+    case GCN_ALL_FIRST:
+        allRowsWalk.reset();
+        allRowsWalk = locator->CreateWalk();
+        return allRowsWalk->First();
+    case GCN_ALL_NEXT:
+        return allRowsWalk ? allRowsWalk->Next(given) : nullptr;
+    case GCN_SHOWN_FIRST:
+        return FirstShown();
+    case GCN_SHOWN_NEXT:
+        return NextShown(given);
+    case GCN_SELECTED_FIRST:
+        selectionWalk = std::make_unique<CRowCacheIterator>(selection);
+        return selectionWalk->First();
+    case GCN_SELECTED_NEXT:
+        return selectionWalk ? selectionWalk->Next(given) : nullptr;
+    case GCN_VISIBLE_FIRST:
+        return FirstVisible();
+    case GCN_VISIBLE_NEXT:
+        return NextVisible(given);
+    case GCN_FOCUSED:
+        return FocusedRow();
+    default:
+        return nullptr;
+    }
+}
+
+IGCRow * KGridCtrl::PrivateData::firstChild(tag_HROW * handle)
+{
+    if (handle == GC_ROOT) {
+        rootChildWalk = std::make_unique<ChildWalk>(this, Wrapper());
+        return rootChildWalk->First();
+    }
+    IGCRow * const row = LocateRow(handle);
+    if (!row) {
+        return nullptr;
+    }
+    auto const walk = childWalks.insert_or_assign(row, ChildWalk(row, Wrapper())).first;
+    return walk->second.First();
+}
+
+// The next or previous sibling. A walk over the parent's children is a hint that makes the step
+// O(1); without one the sibling is searched.
+IGCRow * KGridCtrl::PrivateData::sibling(IGCRow * row, bool next)
+{
+    ChildWalk * walk = rootChildWalk.get();
+    if (row->parent) {
+        auto const found = childWalks.find(row->parent);
+        walk = found == childWalks.end() ? nullptr : &found->second;
+    }
+    if (walk) {
+        return next ? walk->Next(row) : walk->Previous(row);
+    }
+    IGCRowParent * const parent = row->parent ? static_cast<IGCRowParent *>(row->parent) : this;
+    return next ? ChildWalk::NextSibling(parent, Wrapper(), row)
+                : ChildWalk::PreviousSibling(parent, Wrapper(), row);
+}
+
+tag_HROW * KGridCtrl::PrivateData::relative(unsigned flags, IGCRow * row)
+{
+    auto const handleOf = [](IGCRow const * found) { return found ? found->Handle() : nullptr; };
+    switch (flags) {
+    case GCN_CHILD_NEXT:
+        return handleOf(sibling(row, true));
+    case GCN_CHILD_PREV:
+        return handleOf(sibling(row, false));
+    case GCN_PARENT:
+        return row->parent ? row->parent->Handle() : GC_ROOT;
+    case GCN_VISIBLE_PARENT: {
+        IGCRow const * ancestor = row->parent;
+        while (ancestor && IndexOf(ancestor) == -1) {
+            ancestor = ancestor->parent;
+        }
+        return ancestor ? ancestor->Handle() : GC_ROOT;
+    }
+    case GCN_VISIBLE_PREV: {
+        int const index = IndexOf(row);
+        return index > 0 ? handleOf(GetRowAt(index - 1)) : nullptr;
+    }
+    default:
+        return nullptr;
+    }
+}
+
+tag_HROW * KGridCtrl::PrivateData::NextRow(unsigned flags, tag_HROW * handle)
+{
+    IGCRow * found = nullptr;
+    switch (flags) {
+    case GCN_ROOT:
+        return GC_ROOT;
+    case GCN_CHILD_FIRST:
+        found = firstChild(handle);
+        break;
+    case GCN_CHILD_NEXT:
+    case GCN_CHILD_PREV:
+    case GCN_PARENT:
+    case GCN_VISIBLE_PARENT:
+    case GCN_VISIBLE_PREV: {
+        IGCRow * const row = LocateRow(handle);
+        return row ? relative(flags, row) : nullptr;
+    }
+    default:
+        found = nextInWalk(flags, handle);
+        break;
+    }
+    return found ? found->Handle() : nullptr;
+}
+
+} // namespace zenu

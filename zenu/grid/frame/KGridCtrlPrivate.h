@@ -1,0 +1,298 @@
+#pragma once
+
+#include "zenu/ZenuExport.h"
+#include "zenu/events/KToolTip.h"
+#include "zenu/grid/KGridCtrl.h"
+#include "zenu/grid/geometry/TextCache.h"
+#include "zenu/grid/handles/ChildWalk.h"
+#include "zenu/grid/handles/IRowLocator.h"
+#include "zenu/grid/handles/RowSet.h"
+#include "zenu/grid/inner/IDrawOwnerDraw.h"
+#include "zenu/grid/inner/ISlimGridCallbackWrapper.h"
+#include "zenu/grid/inner/ITextCallback.h"
+#include "zenu/grid/look/GridColors.h"
+#include "zenu/grid/look/KGridImages.h"
+#include "zenu/grid/order/CVisibleRows.h"
+#include "zenu/grid/rows/ChildRows.h"
+#include "zenu/grid/rows/ColumnSet.h"
+#include "zenu/header/IHeaderNotification.h"
+
+#include <QFont>
+#include <QPixmap>
+#include <QPointer>
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+class QResizeEvent;
+
+namespace zenu {
+
+class CGCOrdinaryRow;
+class CGCSlimRow;
+class CSetRowData;
+class KHeader;
+class KPainter;
+struct CDrawContext;
+struct CElementRects;
+
+// The grid's face of ISlimGridCallback for rows and drawing code: turns rows and columns into
+// handles and asks the grid for the callback at every call.
+class KSlimGridCallbackWrapper : public ISlimGridCallbackWrapper
+{
+public:
+    explicit KSlimGridCallbackWrapper(KGridCtrl::PrivateData * owner)
+        : frame(owner)
+    {
+    }
+    void GetRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row) override;
+    void ReleaseRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row) override;
+    void GetItemDrawInfo(GC_DRAWITEMINFO * info, IGCRow * row, CGCColumn * column, bool selected,
+                         bool focusCell) override;
+    char const * GetItemText(IGCRow * row, CGCColumn * column) override;
+    void SetItemText(IGCRow * row, CGCColumn * column, char const * text) override;
+    void SetItemCheck(IGCRow * row, CGCColumn * column, bool checked) override;
+    int IsItemChecked(IGCRow * row, CGCColumn * column) override;
+    bool HasSubRows(IGCRow * row) override;
+    int GetSubRowCount(IGCRow * row) override;
+    void LoadSubRows(CGCSlimRow * row, bool expanded, int count) override;
+    int GetDefaultRowHeight() override;
+
+private:
+    KGridCtrl::PrivateData * frame;
+};
+
+// Stands before the visible rows among the frame's bases, which are built with its address.
+struct SlimWrapperHolder
+{
+    explicit SlimWrapperHolder(KGridCtrl::PrivateData * owner)
+        : slimWrapper(owner)
+    {
+    }
+    KSlimGridCallbackWrapper slimWrapper;
+};
+
+// All state of one grid, and the invisible root of its rows. Rows, columns and the header talk to
+// it through its interfaces and never to KGridCtrl. One source file a topic, Frame*.cpp.
+class ZENU_TEST_EXPORT KGridCtrl::PrivateData : private SlimWrapperHolder,
+                                                public ITextCallback,
+                                                public IDrawOwnerDraw,
+                                                public CVisibleRows,
+                                                public IHeaderNotification
+{
+public:
+    PrivateData(KGridCtrl * owner, int gridId);
+    ~PrivateData() override;
+    PrivateData(PrivateData const &) = delete;
+    PrivateData & operator=(PrivateData const &) = delete;
+
+    // Construction and look: Frame.cpp
+    void CreateHeader();
+    void ComputeAutoHeight();
+    int DefaultHeight() const { return defaultHeight != -1 ? defaultHeight : autoHeight; }
+    int Indent() const;
+    void SetImages(int list, QPixmap const & strip, QSize const & size, int count, bool useMask);
+    QColor SwapColor(int number, QColor const & color);
+    unsigned long SetExtendedStyle(unsigned long word);
+    void Reset();
+    // Drops what was measured and brings the layout up to date after a change of font or style.
+    void LookChanged();
+    bool HasStyle(GCStyle bit) const { return (style & bit) != 0; }
+    ISlimGridCallbackWrapper * Wrapper() { return &slimWrapper; }
+
+    // Columns and header: FrameColumns.cpp
+    CGCColumn * InsertColumn(int index, GC_COLUMN const * record);
+    bool SetColumn(CGCColumn * column, GC_COLUMN const * record, bool updateHeader);
+    void DeleteColumn(CGCColumn * column);
+    void DeleteAllColumns();
+    void ShowColumn(CGCColumn * column, bool show);
+    bool GetColumnOrder(tag_HCOLUMN ** handles, int count) const;
+    bool SetColumnOrder(tag_HCOLUMN ** handles, int count);
+    int HeaderItemOf(CGCColumn const * column) const;
+    int ShownIndexOf(CGCColumn const * column) const;
+    CGCColumn * ShownColumn(int index) const;
+    void RebuildColumns();
+    void PlaceColumns();
+    void PlaceHeader();
+    int BestFit(CGCColumn * column);
+
+    // Sorting: FrameSort.cpp
+    void Sort(GC_SORT const * sort);
+
+    // Rows: FrameRows.cpp
+    tag_HROW * InsertRow(GC_ROW * record, tag_HROW * after);
+    tag_HROW * InsertSection(char const * text, tag_HROW * after);
+    bool InsertAtTop(std::vector<IGCRow *> const & rows, tag_HROW * after);
+    bool DeleteRow(IGCRow * row);
+    void DeleteAllRows();
+    void ForgetRow(IGCRow * row);
+
+    // Expansion: FrameExpand.cpp
+    void Expand(IGCRow * row, unsigned code);
+    void ExpandTree(unsigned code);
+
+    // Slim rows: FrameSlimRows.cpp
+    bool InsertSlimRows(GC_INSERTSLIMROW * record);
+    bool ResetSlimRow(IGCRow * row);
+    void LoadSubRows(CGCSlimRow * row, bool expanded, int count);
+
+    // Walks: FrameWalks.cpp
+    tag_HROW * NextRow(unsigned flags, tag_HROW * handle);
+    void DropWalks();
+    void DropAllRowsWalk();
+    void DropChildWalk(IGCRow * parent);
+
+    // Data: FrameData.cpp
+    bool GetItem(IGCRow * row, CGCColumn * column, GC_ITEM * record);
+    bool SetItem(IGCRow * row, CGCColumn * column, GC_ITEM * record);
+    // Valid until the next call out; null for none.
+    char const * ItemText(IGCRow * row, CGCColumn * column);
+    bool IsRowVisible(IGCRow const * row) const;
+    unsigned RowState(IGCRow * row);
+    bool GetRowRecord(IGCRow * row, GC_ROW * record, GC_SECTION * section);
+    bool SetRowRecord(IGCRow * row, GC_ROW * record, GC_SECTION * section);
+
+    // Selection and focus: FrameSelection.cpp
+    void AddToSelection(std::span<IGCRow * const> rows);
+    void RemoveFromSelection(IGCRow * row);
+    void ClearSelectedRows();
+    void SelectAllVisible();
+    void MoveFocus(int rowIndex, int columnIndex);
+    void ClearFocus();
+    void TellSelectionChanged();
+
+    // Scrolling: FrameScroll.cpp
+    bool Scroll(int hCode, int vCode, unsigned pos, bool doScroll);
+    bool ScrollTo(int newLeft, int newTop);
+    void UpdateVerticalBar();
+    void UpdateHorizontalBar();
+    void EnsureRowVisible(IGCRow * row);
+    void EnsureColumnVisible(CGCColumn * column);
+    void Resized(QResizeEvent * event);
+    // Turns of a wheel in eighths of a degree, gathered over all grids of the process; a line each.
+    void Wheel(int delta);
+
+    // Geometry: FrameGeometry.cpp
+    QRect ClientRect() const { return grid->getClientRect(); }
+    // What widget coordinates lack to contents coordinates.
+    QPoint ContentsOffset() { return {hScrollPos, GetTopY() - headerHeight}; }
+    // Null for a row that is not in the visible order.
+    QRect RowRect(IGCRow * row);
+    QRect ItemRect(IGCRow * row, CGCColumn * column);
+    bool ElementRects(IGCRow * row, CGCColumn * column, CElementRects * rects);
+    struct Hit
+    {
+        IGCRow * row = nullptr;
+        CGCColumn * column = nullptr;
+    };
+    Hit HitTest(QPoint const & point);
+    // The GCEL_ element of a hit.
+    unsigned HitElementAt(Hit const & hit, QPoint const & point);
+    void InvalidateRow(IGCRow * row);
+    void InvalidateItem(IGCRow * row, CGCColumn * column);
+    void InvalidateColumn(CGCColumn * column);
+    // Index in shownColumns of the column at a contents x, -1 for none. O(log n).
+    int ShownColumnAt(int contentsX) const;
+
+    // Painting: FramePaint.cpp
+    void Paint(QRegion const & exposed);
+    CDrawContext DrawContext();
+
+    // IGCRowParent and the slots of the visible rows
+    int GetChildCount(ISlimGridCallbackWrapper * wrapper) override;
+    IGCRow * GetChild(int index) override;
+    RowSpan GetChildren(ISlimGridCallbackWrapper * wrapper) override;
+    void SortRows(std::vector<IGCRow *> & rows) override;
+    bool IsSorted() const override { return sortCompare != nullptr; }
+    bool OnTopRowChanging(IGCRow * newTop) override;
+    void OnTopRowChanged() override;
+    void OnRowsLaidOut() override;
+    int GetPageHeight() override;
+    bool IsWholeRowsOnly() override { return HasStyle(GCS_WHOLEROWS); }
+    IGCRow * LocateRow(tag_HROW * handle) override { return locator->LocateRow(handle); }
+
+    // ITextCallback, IDrawOwnerDraw
+    char const * GetText(IGCRow * row, CGCColumn * column) override;
+    void DrawItem(KPainter *, IGCRow *, CGCColumn *, CElementRects const &, bool, bool) override {}
+
+    // IHeaderNotification
+    void onLeftButtonDown() override;
+    void onRightButtonDown() override;
+    bool onBeginTrack(int item, int * wh) override;
+    bool onTrack(int item, int * wh) override;
+    bool onEndTrack(int item, int * wh) override;
+
+    KGridCtrl * grid;
+    KHeader * header = nullptr; // owned
+    int id;                     // never read again
+    IGridNotification * notification;
+    unsigned style = 0;       // GCS_
+    unsigned gridExStyle = 0; // GCXS_
+    int contentsWidth = 0;    // sum of the widths of the shown columns
+    int indent = -1;          // pixels a level, -1 for automatic
+    int headerHeight = 0;
+    int defaultHeight = -1; // -1 for automatic
+    int autoHeight = 20;
+    QFont font;
+    KGridImages images;
+    GridColors colors;
+    TextCache textCache;
+    unsigned nextColumnId = 0;
+    bool shown = true; // between showEvent and hideEvent
+    bool destroying = false;
+    unsigned treeVersion = 0; // another one after each row that comes or goes
+    bool inPaint = false;
+    bool paintsAll = false;    // the paint that runs covers the whole widget
+    bool updatingBars = false; // what the bars say now is not a gesture
+    tag_HCOLUMN * sortColumn = GC_NOCOLUMN;
+    bool sortAscending = true;
+    GC_COMPAREPROC sortCompare = nullptr;
+    long sortParam = 0;
+    std::unique_ptr<KToolTip> toolTip;
+    GC_TEXTPROC textProc = nullptr;
+    unsigned long textParam = 0;
+    ISlimGridCallback * slimCallback = nullptr;
+    ColumnSet columns;
+    std::vector<CGCColumn *> shownColumns; // in display order
+    ChildRows rootRows;                    // owned
+    int hScrollPos = 0;                    // pixels
+    int hScrollDelta = 5;                  // pixels a line step
+    int focusColumn = -1;                  // index in shownColumns
+    RowSet selection;
+    int anchorIndex = -1;
+    std::unique_ptr<IRowCacheIterator> allRowsWalk;
+    std::unique_ptr<IRowCacheIterator> selectionWalk;
+    std::unique_ptr<ChildWalk> rootChildWalk;
+    std::unordered_map<IGCRow *, ChildWalk> childWalks;
+    std::unique_ptr<IRowLocator> locator;
+
+private:
+    tag_HROW * enterRow(IGCRow * row);
+    void moveFocusOutOf(IGCRow * row);
+    void revealChildren(IGCRow * row);
+    void updateBelowRows();
+    void resetSubRows(CGCSlimRow * top);
+    void sortByText(std::vector<IGCRow *> & rows, CGCColumn * column);
+    void rebuildHeader();
+    void storeWidth(CGCColumn * column, int width, bool updateHeader);
+    void updateHeaderFormat(CGCColumn const * column, GC_COLUMN const * record);
+    void applyRequests(IGCRow * row, CSetRowData const & requests);
+    int shownRows();
+    void repaintSelectedRows();
+    int lastWholeIndex();
+    int targetTop(int code, unsigned pos, int top);
+    int targetLeft(int code, unsigned pos) const;
+    bool wouldScroll(int hCode, int vCode, int newLeft, int newTop);
+    void freeTextsLeaving(int newTop);
+    void scrollRows(int newTop);
+    void scrollColumns(int newLeft);
+    IGCRow * nextInWalk(unsigned flags, tag_HROW * handle);
+    IGCRow * firstChild(tag_HROW * handle);
+    IGCRow * sibling(IGCRow * row, bool next);
+    tag_HROW * relative(unsigned flags, IGCRow * row);
+    void paintRows(KPainter * painter, QRect const & exposed, CDrawContext const & context);
+    void paintAround(KPainter * painter, QRect const & exposed);
+};
+
+} // namespace zenu
