@@ -26,6 +26,25 @@ inline constexpr std::array<char const *, kindCount> kindNames{
     "text",      "text with icon", "icon",      "owner draw",
     "check box", "list box",       "combo box", "check box with icon"};
 
+// The bits of GC_ITEM::mask, one by one.
+struct MaskBit
+{
+    unsigned mask;
+    char const * name;
+};
+
+inline constexpr std::array<MaskBit, 11> itemMaskBits{{{0, "no bit"},
+                                                       {zenu::GCIM_TEXT, "text"},
+                                                       {zenu::GCIM_VALUE, "value"},
+                                                       {zenu::GCIM_STATE, "state"},
+                                                       {zenu::GCIM_IMAGE, "image"},
+                                                       {zenu::GCIM_TEXTLEN, "text length"},
+                                                       {zenu::GCIM_TEXTCOLOR, "text colour"},
+                                                       {zenu::GCIM_ALIGN, "alignment"},
+                                                       {zenu::GCIM_OVERLAY, "overlay"},
+                                                       {zenu::GCIM_STATEIMAGE, "state image"},
+                                                       {zenu::GCIM_CHECKSTYLE, "check style"}}};
+
 // A column of each kind, id and item index both the kind; list and combo box with ten choices c0
 // to c9.
 inline void addAllKinds(zenu::ColumnSet & columns)
