@@ -23,7 +23,7 @@ struct HeaderTextFit
 
 /// Paints one item; lives for that only. `rect` is changed. The item, the header and its items may
 /// be changed by the notification of an owner drawn item, so nothing is read after that call.
-class HeaderItemPainting
+class ZENU_TEST_EXPORT HeaderItemPainting
 {
 public:
     HeaderItemPainting(KHeaderItem const & item, KHeader const & header, KPainter & painter,

@@ -1,0 +1,852 @@
+#include "tests/header/HeaderFixtures.h"
+#include "tests/support/TestMain.h"
+
+#include <zenu/overlay/surface/WidgetSurface.h>
+
+using namespace zenu;
+using zenutest::Recorder;
+using zenutest::resizeCursorShown;
+using zenutest::ShownHeader;
+using zenutest::TestHeader;
+
+class tst_HeaderTracking : public zenutest::Test
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void pressLeft_bodyOfButton_presses();
+    void pressLeft_bodyWithoutButtons_onlyNotifiesThePress();
+    void pressLeft_space_isTheLastDivider();
+    void pressLeft_emptyHeader_onlyNotifiesThePress();
+    void pressLeft_withinFourPixelsRightOfDivider_resizesTheItemAtTheLeft();
+    void pressLeft_refusedByNotification_doesNotTrack();
+    void pressLeft_fixedItem_doesNotTrack();
+    void pressLeft_stickingLastItem_doesNotTrack();
+    void pressLeft_notification_mayChangeTheSavedWidth();
+    void pressRight_bodyAndDivider_onlyBodyIsReported();
+    void pressMiddle_anywhere_isNotReported();
+
+    void drag_whenResized_setsWidthAtEachMove();
+    void drag_whenResized_releaseKeepsWidth();
+    void drag_belowMinimum_stopsThere();
+    void drag_leftOfItem_stopsAtZero();
+    void drag_whenResized_repaintsToTheEnd();
+    void drag_lineMode_changesNoWidth();
+    void drag_lineMode_lineIsInvertedOnTheScreen();
+    void drag_lineMode_lineFollowsAndVanishes();
+    void drag_lineMode_lineSurvivesRepaint();
+    void drag_lineMode_lineStopsAtTheItemsLeft();
+    void drag_proportionalPastTheEdge_isRefused();
+    void drag_proportional_raisesItemsBehindToMinima();
+    void drag_proportional_computesTrackShares();
+    void drag_cancelledByNotification_restoresWidth();
+    void drag_vertical_hasNoDividers();
+    void drag_leave_ends();
+    void drag_lostFocus_ends();
+    void drag_hidden_endsAndGivesCursorBack();
+    void drag_withoutNotification_works();
+    void drawDragLine_twice_erases();
+    void drawDragLine_hiddenHeader_doesNothing();
+
+    void cursor_overDivider_isResizeCursor();
+    void cursor_overBodyAndLeave_isGivenBack();
+    void cursor_fixedItemsDivider_staysAsItWas();
+    void cursor_stickingLastItem_isNotShown();
+    void cursor_whileTracking_staysOn();
+    void cursor_changes_areNotStacked();
+    void cursor_headerDeleted_isGivenBack();
+
+    void release_button_keepsPressedItemForFocus();
+    void doubleClick_divider_changesNoSize();
+    void doubleClick_body_isReportedInButtonModeOnly();
+    void focus_gainAndLoss_areReported();
+    void focusOut_pressedButton_reportsEndOnce();
+    void focusOut_tracking_reportsNoEnd();
+    void hotTrack_moves_followTheMouse();
+    void hotTrack_leave_clears();
+    void hotTrack_off_neverSets();
+
+    void callOut_deletesHeader_data();
+    void callOut_deletesHeader();
+    void callOut_deletesItems_data();
+    void callOut_deletesItems();
+    void callOut_removesNotification_isSurvived();
+    void setCursor_deletesHeader_isSurvived();
+};
+
+namespace {
+
+// The header as it stands on the screen, without a paint event.
+QImage screen(TestHeader & header)
+{
+    WidgetSurface surface(&header);
+    if (!surface.begin(header.rect())) {
+        return QImage();
+    }
+    return surface.copy(header.rect()).convertToFormat(QImage::Format_RGB32);
+}
+
+QImage withLine(QImage image, int x)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        image.setPixel(x, y, image.pixel(x, y) ^ 0xffffff);
+    }
+    return image;
+}
+
+void paintPending()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+void tst_HeaderTracking::pressLeft_bodyOfButton_presses()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.recorder.taken();
+    shown.press(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; click 1"));
+    shown.release(150);
+    QCOMPARE(shown.recorder.taken(), QString());
+}
+
+void tst_HeaderTracking::pressLeft_bodyWithoutButtons_onlyNotifiesThePress()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.recorder.taken();
+    shown.press(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left"));
+}
+
+void tst_HeaderTracking::pressLeft_space_isTheLastDivider()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.press(350);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 1 100"));
+    shown.release(350);
+}
+
+void tst_HeaderTracking::pressLeft_emptyHeader_onlyNotifiesThePress()
+{
+    ShownHeader shown;
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.press(50);
+    shown.move(60);
+    shown.release(60);
+    shown.doubleClick(50);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; double"));
+}
+
+void tst_HeaderTracking::pressLeft_withinFourPixelsRightOfDivider_resizesTheItemAtTheLeft()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(104);
+    shown.move(114);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100; track 0 110"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("110 100"));
+}
+
+void tst_HeaderTracking::pressLeft_refusedByNotification_doesNotTrack()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    shown.recorder.refuseBegin = true;
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+}
+
+void tst_HeaderTracking::pressLeft_fixedItem_doesNotTrack()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatFixed);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+}
+
+void tst_HeaderTracking::pressLeft_stickingLastItem_doesNotTrack()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setStickLastToEdge(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(398);
+    shown.move(350);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left"));
+    shown.press(100);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100"));
+    shown.release(100);
+}
+
+void tst_HeaderTracking::pressLeft_notification_mayChangeTheSavedWidth()
+{
+    class Widener : public Recorder
+    {
+    public:
+        bool onBeginTrack(int, int * wh) override
+        {
+            *wh = 77;
+            return false;
+        }
+    };
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    Widener widener;
+    widener.cancelTrack = true;
+    shown.header->setNotification(&widener);
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(120);
+    QCOMPARE(shown.header->widths(), QStringLiteral("77 100"));
+    shown.header->setNotification(nullptr);
+}
+
+void tst_HeaderTracking::pressRight_bodyAndDivider_onlyBodyIsReported()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.recorder.taken();
+    shown.press(50, Qt::RightButton);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("right; rightclick 0"));
+    shown.press(100, Qt::RightButton);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("right"));
+}
+
+void tst_HeaderTracking::pressMiddle_anywhere_isNotReported()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.press(50, Qt::MiddleButton);
+    shown.press(100, Qt::MiddleButton);
+    QCOMPARE(shown.recorder.taken(), QString());
+}
+
+// --- Divider drags
+
+void tst_HeaderTracking::drag_whenResized_setsWidthAtEachMove()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(98);
+    shown.move(118);
+    QCOMPARE(shown.header->widths(), QStringLiteral("120 100"));
+    shown.move(58);
+    QCOMPARE(shown.header->widths(), QStringLiteral("60 100"));
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100; track 0 120; track 0 60"));
+}
+
+void tst_HeaderTracking::drag_whenResized_releaseKeepsWidth()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(130);
+    shown.release(130);
+    shown.move(10);
+    QCOMPARE(shown.header->widths(), QStringLiteral("130 100"));
+}
+
+void tst_HeaderTracking::drag_belowMinimum_stopsThere()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatText, 30);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(10);
+    QCOMPARE(shown.header->widths(), QStringLiteral("30 100"));
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100; track 0 30"));
+}
+
+void tst_HeaderTracking::drag_leftOfItem_stopsAtZero()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatText, -50);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(200);
+    shown.move(20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 0"));
+}
+
+void tst_HeaderTracking::drag_whenResized_repaintsToTheEnd()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(100);
+    paintPending();
+    shown.move(60);
+    paintPending();
+    // What is on the screen is what a fresh picture shows.
+    QCOMPARE(screen(*shown.header),
+             shown.header->grab().toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+void tst_HeaderTracking::drag_lineMode_changesNoWidth()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(150);
+    shown.release(150);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100; track 0 150"));
+}
+
+void tst_HeaderTracking::drag_lineMode_lineIsInvertedOnTheScreen()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    QVERIFY(!before.isNull());
+    shown.header->painted = QRegion();
+    shown.press(100);
+    QCOMPARE(screen(*shown.header), withLine(before, 100));
+    QVERIFY(shown.header->painted.isEmpty());
+    shown.release(100);
+}
+
+void tst_HeaderTracking::drag_lineMode_lineFollowsAndVanishes()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(98);
+    shown.move(148);
+    QCOMPARE(screen(*shown.header), withLine(before, 148));
+    shown.move(160);
+    QCOMPARE(screen(*shown.header), withLine(before, 160));
+    shown.release(160);
+    paintPending();
+    QCOMPARE(screen(*shown.header), before);
+}
+
+void tst_HeaderTracking::drag_lineMode_lineSurvivesRepaint()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(100);
+    shown.header->update(QRect(95, 3, 20, 5), false);
+    paintPending();
+    QCOMPARE(screen(*shown.header), withLine(before, 100));
+    shown.header->update(true);
+    paintPending();
+    shown.move(140);
+    QCOMPARE(screen(*shown.header), withLine(before, 140));
+    shown.release(140);
+}
+
+void tst_HeaderTracking::drag_lineMode_lineStopsAtTheItemsLeft()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(200);
+    shown.move(40);
+    QCOMPARE(screen(*shown.header), withLine(before, 100));
+    shown.release(40);
+}
+
+void tst_HeaderTracking::drag_proportionalPastTheEdge_isRefused()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->addItems({200, 100, 99}, HeaderFormatText, 50);
+    shown.press(200);
+    shown.move(299);
+    QCOMPARE(shown.header->getItem(0)->getWH(), 299);
+    shown.recorder.taken();
+    shown.move(300);
+    QCOMPARE(shown.header->getItem(0)->getWH(), 299);
+    QCOMPARE(shown.recorder.taken(), QString());
+    shown.move(250);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("track 0 250"));
+}
+
+void tst_HeaderTracking::drag_proportional_raisesItemsBehindToMinima()
+{
+    // Neither a setter nor the sizing leaves an item below its minimum; a sticking last item is.
+    ShownHeader shown;
+    shown.header->addItems({100});
+    shown.header->addItems({60}, HeaderFormatText, 50);
+    shown.header->setStickLastToEdge(true);
+    QVERIFY(shown.show());
+    shown.header->resize(120, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 20"));
+    shown.header->doTrack(0, 100);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 50"));
+}
+
+void tst_HeaderTracking::drag_proportional_computesTrackShares()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->addItems({100, 50, 150});
+    shown.press(100);
+    QCOMPARE(shown.header->getItem(0)->getTrackPercent(), 0.0);
+    QCOMPARE(shown.header->getItem(1)->getTrackPercent(), 0.25);
+    QCOMPARE(shown.header->getItem(2)->getTrackPercent(), 0.75);
+    shown.release(100);
+}
+
+void tst_HeaderTracking::drag_cancelledByNotification_restoresWidth()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(130);
+    shown.recorder.cancelTrack = true;
+    shown.move(150);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+    shown.recorder.taken();
+    shown.move(170);
+    QCOMPARE(shown.recorder.taken(), QString());
+    shown.header->setFocus();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("in; out"));
+}
+
+void tst_HeaderTracking::drag_vertical_hasNoDividers()
+{
+    ShownHeader shown({20, 20});
+    shown.header->setVert(true);
+    shown.header->setGeometry(0, 0, 100, 60);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.press(50, Qt::LeftButton, 20);
+    shown.move(50, 40);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("20 20"));
+    QVERIFY(!resizeCursorShown());
+}
+
+void tst_HeaderTracking::drag_leave_ends()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(100);
+    shown.move(130);
+    shown.leave();
+    paintPending();
+    QCOMPARE(screen(*shown.header), before);
+    QVERIFY(!resizeCursorShown());
+    shown.recorder.taken();
+    shown.move(150);
+    QCOMPARE(shown.recorder.taken(), QString());
+}
+
+void tst_HeaderTracking::drag_lostFocus_ends()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(100);
+    shown.move(130);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out"));
+    shown.move(170);
+    QCOMPARE(shown.header->widths(), QStringLiteral("130 100"));
+}
+
+void tst_HeaderTracking::drag_hidden_endsAndGivesCursorBack()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(130);
+    QVERIFY(resizeCursorShown());
+    shown.header->hide();
+    QVERIFY(!QApplication::overrideCursor());
+    shown.header->show();
+    shown.recorder.taken();
+    shown.move(150);
+    QCOMPARE(shown.recorder.taken(), QString());
+}
+
+void tst_HeaderTracking::drag_withoutNotification_works()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setNotification(nullptr);
+    shown.header->setDragWhenResized(true);
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(100);
+    shown.move(130);
+    shown.release(130);
+    shown.doubleClick(130);
+    shown.press(50);
+    shown.press(50, Qt::RightButton);
+    shown.header->clearFocus();
+    QCOMPARE(shown.header->widths(), QStringLiteral("130 100"));
+}
+
+void tst_HeaderTracking::drawDragLine_twice_erases()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.header->drawDragLine(42);
+    QCOMPARE(screen(*shown.header), withLine(before, 42));
+    shown.header->drawDragLine(42);
+    QCOMPARE(screen(*shown.header), before);
+}
+
+void tst_HeaderTracking::drawDragLine_hiddenHeader_doesNothing()
+{
+    TestHeader header;
+    header.drawDragLine(3);
+    header.drawDragLine(3);
+    header.drawDragLine(-5);
+    header.drawDragLine(100000);
+}
+
+// --- Cursor
+
+void tst_HeaderTracking::cursor_overDivider_isResizeCursor()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.move(100);
+    QVERIFY(resizeCursorShown());
+}
+
+void tst_HeaderTracking::cursor_overBodyAndLeave_isGivenBack()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.move(100);
+    shown.move(50);
+    QVERIFY(!QApplication::overrideCursor());
+    shown.move(100);
+    shown.leave();
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void tst_HeaderTracking::cursor_fixedItemsDivider_staysAsItWas()
+{
+    ShownHeader shown({100});
+    shown.header->addItems({100}, HeaderFormatFixed);
+    QVERIFY(shown.show());
+    shown.move(150);
+    shown.move(200);
+    QVERIFY(!resizeCursorShown());
+    shown.move(100);
+    QVERIFY(resizeCursorShown());
+    shown.move(200);
+    QVERIFY(resizeCursorShown());
+}
+
+void tst_HeaderTracking::cursor_stickingLastItem_isNotShown()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setStickLastToEdge(true);
+    QVERIFY(shown.show());
+    shown.move(398);
+    QVERIFY(!resizeCursorShown());
+    shown.move(100);
+    QVERIFY(resizeCursorShown());
+    shown.move(398);
+    QVERIFY(!resizeCursorShown());
+}
+
+void tst_HeaderTracking::cursor_whileTracking_staysOn()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.press(100);
+    shown.move(50);
+    QVERIFY(resizeCursorShown());
+    shown.release(50);
+    QVERIFY(!resizeCursorShown());
+}
+
+void tst_HeaderTracking::cursor_changes_areNotStacked()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.move(99);
+    shown.move(100);
+    shown.header->setResizeCursor(true);
+    shown.header->setResizeCursor(false);
+    QVERIFY(!QApplication::overrideCursor());
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    shown.header->setResizeCursor(false);
+    QVERIFY(QApplication::overrideCursor());
+    QApplication::restoreOverrideCursor();
+}
+
+void tst_HeaderTracking::cursor_headerDeleted_isGivenBack()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.move(100);
+    QVERIFY(resizeCursorShown());
+    delete shown.header.data();
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+// --- Release, double click, focus, hot tracking
+
+void tst_HeaderTracking::release_button_keepsPressedItemForFocus()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(50);
+    int const cursorCalls = shown.header->cursorCalls;
+    shown.release(50);
+    QCOMPARE(shown.header->cursorCalls, cursorCalls + 1);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out; end 0 0"));
+}
+
+void tst_HeaderTracking::doubleClick_divider_changesNoSize()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.doubleClick(100);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; divider 0"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+}
+
+void tst_HeaderTracking::doubleClick_body_isReportedInButtonModeOnly()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.doubleClick(50);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double"));
+    shown.header->setButtons(true);
+    shown.doubleClick(50);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; doubleclick 0"));
+}
+
+void tst_HeaderTracking::focus_gainAndLoss_areReported()
+{
+    ShownHeader shown({100});
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("in; out"));
+}
+
+void tst_HeaderTracking::focusOut_pressedButton_reportsEndOnce()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(50);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out; end 0 0"));
+    shown.header->setFocus();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("in; out"));
+}
+
+void tst_HeaderTracking::focusOut_tracking_reportsNoEnd()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(100);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out"));
+}
+
+void tst_HeaderTracking::hotTrack_moves_followTheMouse()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setHotTrack(true);
+    QVERIFY(shown.show());
+    shown.move(50);
+    QCOMPARE(shown.header->getItemOver(), 0);
+    shown.move(150);
+    QCOMPARE(shown.header->getItemOver(), 1);
+    shown.move(100);
+    QCOMPARE(shown.header->getItemOver(), -1);
+    shown.move(151);
+    paintPending();
+    shown.header->painted = QRegion();
+    shown.move(152);
+    paintPending();
+    QVERIFY(shown.header->painted.isEmpty());
+}
+
+void tst_HeaderTracking::hotTrack_leave_clears()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setHotTrack(true);
+    QVERIFY(shown.show());
+    shown.move(50);
+    paintPending();
+    shown.header->painted = QRegion();
+    shown.leave();
+    QCOMPARE(shown.header->getItemOver(), -1);
+    paintPending();
+    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+}
+
+void tst_HeaderTracking::hotTrack_off_neverSets()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.move(50);
+    QCOMPARE(shown.header->getItemOver(), -1);
+}
+
+// --- Applications that pull the rug
+
+void tst_HeaderTracking::callOut_deletesHeader_data()
+{
+    QTest::addColumn<QString>("call");
+    for (char const * call : {"left", "right", "double", "begin", "track", "end", "click",
+                              "rightclick", "doubleclick", "divider", "out"}) {
+        QTest::newRow(call) << QString::fromLatin1(call);
+    }
+}
+
+namespace {
+
+void send(QPointer<TestHeader> const & header, QEvent::Type type, int x, Qt::MouseButton button)
+{
+    if (header) {
+        QMouseEvent event(type, QPointF(x, 10), header->mapToGlobal(QPointF(x, 10)), button, button,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(header, &event);
+    }
+}
+
+void everyGesture(QPointer<TestHeader> const & header)
+{
+    send(header, QEvent::MouseButtonPress, 50, Qt::LeftButton);
+    send(header, QEvent::MouseButtonRelease, 50, Qt::LeftButton);
+    if (header) {
+        // QWidget::clearFocus itself goes on with the widget after the event.
+        QFocusEvent event(QEvent::FocusOut);
+        QCoreApplication::sendEvent(header, &event);
+    }
+    send(header, QEvent::MouseButtonPress, 50, Qt::RightButton);
+    int const divider = header ? header->getItemRect(0).right() : 0;
+    send(header, QEvent::MouseButtonPress, divider, Qt::LeftButton);
+    send(header, QEvent::MouseMove, divider + 20, Qt::NoButton);
+    send(header, QEvent::MouseMove, divider + 30, Qt::NoButton);
+    send(header, QEvent::MouseButtonRelease, divider + 30, Qt::LeftButton);
+    send(header, QEvent::MouseButtonDblClick, 50, Qt::LeftButton);
+    send(header, QEvent::MouseButtonDblClick, header ? header->getItemRect(0).right() : 0,
+         Qt::LeftButton);
+}
+
+} // namespace
+
+void tst_HeaderTracking::callOut_deletesHeader()
+{
+    QFETCH(QString, call);
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.recorder.act = [&] {
+        if (shown.recorder.calls.last().section(u' ', 0, 0) == call) {
+            delete shown.header.data();
+        }
+    };
+    everyGesture(shown.header);
+    QVERIFY(!shown.header);
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void tst_HeaderTracking::callOut_deletesItems_data()
+{
+    callOut_deletesHeader_data();
+}
+
+void tst_HeaderTracking::callOut_deletesItems()
+{
+    QFETCH(QString, call);
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.recorder.cancelTrack = true;
+    shown.recorder.act = [&] {
+        if (shown.recorder.calls.last().section(u' ', 0, 0) == call) {
+            shown.header->deleteAllItems();
+        }
+    };
+    everyGesture(shown.header);
+    QCOMPARE(shown.header->getItemsCount(), 0);
+    paintPending();
+}
+
+void tst_HeaderTracking::callOut_removesNotification_isSurvived()
+{
+    for (int call = 0; call < 6; ++call) {
+        ShownHeader shown({100, 100});
+        shown.header->setButtons(true);
+        QVERIFY(shown.show());
+        shown.header->setFocus();
+        auto notification = std::make_unique<Recorder>();
+        shown.header->setNotification(notification.get());
+        int left = call;
+        notification->act = [&] {
+            if (left-- == 0) {
+                shown.header->setNotification(nullptr);
+            }
+        };
+        everyGesture(shown.header);
+        QCOMPARE(shown.header->getNotification(), nullptr);
+    }
+}
+
+void tst_HeaderTracking::setCursor_deletesHeader_isSurvived()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setHotTrack(true);
+    QVERIFY(shown.show());
+    shown.header->onCursor = [&] { delete shown.header.data(); };
+    send(shown.header, QEvent::MouseMove, 50, Qt::NoButton);
+    QVERIFY(!shown.header);
+}
+
+ZENU_TEST(tst_HeaderTracking)
+#include "tst_HeaderTracking.moc"

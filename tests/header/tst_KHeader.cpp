@@ -1,0 +1,755 @@
+#include "tests/header/HeaderFixtures.h"
+#include "tests/support/TestMain.h"
+
+#include <QFontMetrics>
+#include <QPixmap>
+
+using namespace zenu;
+using zenutest::dump;
+using zenutest::Recorder;
+using zenutest::ShownHeader;
+using zenutest::TestHeader;
+
+class tst_KHeader : public zenutest::Test
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void constructor_state_isEmptyWithAllOptionsOff();
+    void insertItem_middle_keepsOrderArrayAndOrders();
+    void insertItem_badIndex_meansTheEnd();
+    void deleteItem_any_fixesOrderArray();
+    void deleteItem_badIndex_isRefused();
+    void deleteAllItems_items_emptiesBoth();
+    void getOrderArray_anyCount_copiesWhatExists();
+    void setters_badIndex_areIgnored();
+    void setters_value_isStored();
+    void setters_sameValue_repaintNothing();
+    void setters_newValue_repaintTheItem();
+    void setSortBitmap_values_setOneArrowBit();
+    void setText_sameContent_comparesByContent();
+    void setWH_belowMinimum_givesMinimum();
+    void setWH_newWidth_leavesRepaintToTheCaller();
+    void setMinWH_aboveWidth_raisesIt();
+    void setOrder_value_leavesOrderArray();
+    void storingSetters_newValue_repaintNothing();
+    void getItemRect_badIndex_isInvalid();
+    void getLayout_shown_isOneAndAHalfFontHeights();
+    void getLayout_hidden_hasNoHeight();
+    void setHidden_on_hidesWidget();
+    void options_each_isStoredAlone();
+    void blockControl_value_returnsOldOne();
+    void setTextColor_change_returnsOldColourAndRepaintsOnce();
+    void getTextColor_neverSet_followsPalette();
+    void setPixmapSet_value_returnsOldSetAndRepaints();
+    void setFont_withAndWithoutRepaint_isStoredExactly();
+    void setFont_ofTheWidget_isFollowed();
+    void unusedInterface_calls_doNothing();
+
+    void calculatePercent_onInsertion_sharesByWidth();
+    void calculatePercent_noWidth_sharesEvenly();
+    void calculatePercent_fixedItems_takeNoPart();
+    void resize_proportional_sharesWidthByPercentage();
+    void resize_proportional_equalItemsStayEqual();
+    void resize_proportionalBelowMinima_itemsKeepSizes();
+    void resize_proportionalSmallShare_isRaisedToMinimum();
+    void resize_proportionalSameWidth_changesNothing();
+    void resize_ownPercentages_areUsed();
+    void blockControl_true_stopsRecalculationOfPercentages();
+    void blockControl_true_stopsResizingByPercentage();
+    void blockControl_rebuild_doesNotCollapseItems();
+    void setSizePercent_noNumber_leavesMinimum();
+    void postItemsChange_stickLast_givesLastTheRest();
+    void postItemsChange_stickLastBelowMinimum_leavesItsWidth();
+    void postItemsChange_stickLastPastTheEdge_givesZero();
+    void resize_stickLast_ignoresMinimum();
+    void resize_stickLastNegativeMinimum_givesZero();
+    void resize_hiddenHeader_waitsForShow();
+    void applyGeometry_hiddenHeader_resizesItemsAtOnce();
+    void applyGeometry_shownHeader_resizesItemsOnce();
+};
+
+namespace {
+
+bool settle(TestHeader & header)
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    header.painted = QRegion();
+    return true;
+}
+
+QRegion paintedNow(TestHeader & header)
+{
+    QCoreApplication::processEvents();
+    return header.painted;
+}
+
+} // namespace
+
+void tst_KHeader::constructor_state_isEmptyWithAllOptionsOff()
+{
+    TestHeader header;
+    QCOMPARE(header.getItemsCount(), 0);
+    QCOMPARE(header.getItemOver(), -1);
+    QCOMPARE(header.getNotification(), nullptr);
+    QCOMPARE(header.getPixmapSet(), nullptr);
+    QVERIFY(header.hasMouseTracking());
+    QVERIFY(header.objectName().isEmpty());
+    QCOMPARE(header.getSortPixmap().size(), QSize(16, 8));
+    QVERIFY(header.getSortHotPixmap().isNull());
+    QCOMPARE(TestHeader::m_hcrNoDragOver, nullptr);
+    QCOMPARE(TestHeader::m_hcrVertSplit, nullptr);
+    QVERIFY(!header.isHidden() && !header.isVert() && !header.isProportional());
+    QVERIFY(!header.isStickLastToEdge() && !header.isDragWhenResized() && !header.isButtons());
+    QVERIFY(!header.isUsePlusSettings() && !header.isHotTrack() && !header.isDragDrop());
+    QVERIFY(!header.isFlatView() && !header.isToolTip() && !header.isFlat3D());
+    QVERIFY(!header.blockControl(false));
+}
+
+void tst_KHeader::insertItem_middle_keepsOrderArrayAndOrders()
+{
+    TestHeader header;
+    header.addItems({10, 20, 30});
+    QVERIFY(header.insertItem(1, KHeaderItem("new", nullptr, 0, 0, 99, 0)));
+    QCOMPARE(header.widths(), QStringLiteral("10 99 20 30"));
+    QCOMPARE(header.order(), QStringLiteral("0 1 2 3"));
+    QCOMPARE(header.getItem(1)->getOrder(), 1);
+    QCOMPARE(header.getItem(3)->getOrder(), 3);
+}
+
+void tst_KHeader::insertItem_badIndex_meansTheEnd()
+{
+    TestHeader header;
+    header.addItems({10, 20});
+    QVERIFY(header.insertItem(50, KHeaderItem("a", nullptr, 0, 0, 1, 0)));
+    QVERIFY(header.insertItem(-9, KHeaderItem("b", nullptr, 0, 0, 2, 0)));
+    QCOMPARE(header.widths(), QStringLiteral("10 20 1 2"));
+}
+
+void tst_KHeader::deleteItem_any_fixesOrderArray()
+{
+    TestHeader header;
+    header.addItems({10, 20, 30});
+    QVERIFY(header.deleteItem(1));
+    QCOMPARE(header.widths(), QStringLiteral("10 30"));
+    QCOMPARE(header.order(), QStringLiteral("0 1"));
+    QCOMPARE(header.getItem(1)->getOrder(), 1);
+}
+
+void tst_KHeader::deleteItem_badIndex_isRefused()
+{
+    TestHeader header;
+    QVERIFY(!header.deleteItem(0));
+    header.addItems({10});
+    QVERIFY(!header.deleteItem(-1));
+    QVERIFY(!header.deleteItem(1));
+    QCOMPARE(header.getItem(1), nullptr);
+    QCOMPARE(header.getItem(-1), nullptr);
+    QVERIFY(header.checkItemInternal(0));
+    QVERIFY(!header.checkItemInternal(1));
+}
+
+void tst_KHeader::deleteAllItems_items_emptiesBoth()
+{
+    TestHeader header;
+    header.addItems({10, 20});
+    header.deleteAllItems();
+    QCOMPARE(header.getItemsCount(), 0);
+    QCOMPARE(header.order(), QString());
+    header.addItems({5});
+    QCOMPARE(header.order(), QStringLiteral("0"));
+}
+
+void tst_KHeader::getOrderArray_anyCount_copiesWhatExists()
+{
+    TestHeader header;
+    header.addItems({10, 20, 30});
+    int order[4] = {-7, -7, -7, -7};
+    QVERIFY(header.getOrderArray(2, order));
+    QCOMPARE(order[1], 1);
+    QCOMPARE(order[2], -7);
+    QVERIFY(header.getOrderArray(4, order));
+    QCOMPARE(order[2], 2);
+    QCOMPARE(order[3], -7);
+    QVERIFY(header.getOrderArray(-1, order));
+    QVERIFY(header.getOrderArray(0, nullptr));
+    QVERIFY(!header.getOrderArray(1, nullptr));
+}
+
+void tst_KHeader::setters_badIndex_areIgnored()
+{
+    TestHeader header;
+    header.addItems({10});
+    for (int const bad : {-1, 1, 1000}) {
+        header.setWH(bad, 5);
+        header.setMinWH(bad, 5);
+        header.setText(bad, "x");
+        header.setFormat(bad, 0);
+        header.setSortBitmap(bad, HeaderSortFirst);
+        header.setLParam(bad, 1);
+        header.setImage(bad, 1);
+        header.setPixmap(bad, nullptr);
+        header.setOrder(bad, 1);
+        header.setSizePercent(bad, 1);
+        header.setJustify(bad, HeaderJustifyRight);
+        header.setToolTipText(bad, "x");
+        header.invalidateItem(bad);
+        header.prepareTrack(bad);
+        header.doTrack(bad, 5);
+    }
+    QCOMPARE(header.widths(), QStringLiteral("10"));
+    QCOMPARE(header.getItem(0)->getText(), std::string("T0"));
+}
+
+void tst_KHeader::setters_value_isStored()
+{
+    TestHeader header;
+    header.addItems({10});
+    QPixmap pixmap;
+    header.setWH(0, 44);
+    header.setMinWH(0, 4);
+    header.setText(0, std::string("name"));
+    header.setFormat(0, 0x6010);
+    header.setLParam(0, 0xfffffffeu);
+    header.setImage(0, 3);
+    header.setPixmap(0, &pixmap);
+    header.setOrder(0, 5);
+    header.setSizePercent(0, 0.25);
+    header.setJustify(0, HeaderJustifyCenter);
+    header.setToolTipText(0, "tip");
+    KHeaderItem const & item = *header.getItem(0);
+    QCOMPARE(item.getWH(), 44);
+    QCOMPARE(item.getMinWH(), 4);
+    QCOMPARE(item.getText(), std::string("name"));
+    QCOMPARE(item.getFmt(), 0x6010);
+    QCOMPARE(item.getLParam(), 0xfffffffeu);
+    QCOMPARE(item.getImage(), 3);
+    QCOMPARE(item.getPixmap(), &pixmap);
+    QCOMPARE(item.getOrder(), 5);
+    QCOMPARE(item.getSizePercent(), 0.25);
+    QCOMPARE(int(item.getJustify()), 4);
+    QCOMPARE(item.getToolTipText(), std::string("tip"));
+    header.setText(0, static_cast<char const *>(nullptr));
+    QCOMPARE(item.getText(), std::string());
+}
+
+void tst_KHeader::setters_sameValue_repaintNothing()
+{
+    ShownHeader shown({50, 60});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    KHeaderItem const item = *shown.header->getItem(0);
+    shown.header->setText(0, item.getText());
+    shown.header->setFormat(0, item.getFmt());
+    shown.header->setSortBitmap(0, HeaderSortNone);
+    shown.header->setLParam(0, item.getLParam());
+    shown.header->setImage(0, item.getImage());
+    shown.header->setPixmap(0, item.getPixmap());
+    shown.header->setOrder(0, item.getOrder());
+    shown.header->setMinWH(0, item.getMinWH());
+    shown.header->setWH(0, item.getWH());
+    QVERIFY(paintedNow(*shown.header).isEmpty());
+}
+
+void tst_KHeader::setters_newValue_repaintTheItem()
+{
+    ShownHeader shown({50, 60});
+    QVERIFY(shown.show());
+    QPixmap pixmap(4, 4);
+    std::vector<std::function<void(TestHeader &)>> const changes = {
+        [](TestHeader & header) { header.setText(1, "other"); },
+        [](TestHeader & header) { header.setFormat(1, HeaderFormatText | HeaderFormatFixed); },
+        [](TestHeader & header) { header.setSortBitmap(1, HeaderSortSecond); },
+        [](TestHeader & header) { header.setLParam(1, 8); },
+        [](TestHeader & header) { header.setImage(1, 8); },
+        [&](TestHeader & header) { header.setPixmap(1, &pixmap); },
+        [](TestHeader & header) { header.setMinWH(1, 8); }};
+    for (auto const & change : changes) {
+        settle(*shown.header);
+        change(*shown.header);
+        QCOMPARE(paintedNow(*shown.header).boundingRect(), QRect(50, 0, 61, 20));
+    }
+}
+
+void tst_KHeader::setSortBitmap_values_setOneArrowBit()
+{
+    TestHeader header;
+    header.addItems({50});
+    header.setSortBitmap(0, HeaderSortFirst);
+    QCOMPARE(header.getItem(0)->getFmt(), 0x4020);
+    header.setSortBitmap(0, HeaderSortSecond);
+    QCOMPARE(header.getItem(0)->getFmt(), 0x4040);
+    header.setSortBitmap(0, HeaderSortNone);
+    QCOMPARE(header.getItem(0)->getFmt(), 0x4000);
+}
+
+void tst_KHeader::setText_sameContent_comparesByContent()
+{
+    ShownHeader shown({50});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    char text[] = "T0";
+    shown.header->setText(0, text);
+    QVERIFY(paintedNow(*shown.header).isEmpty());
+}
+
+void tst_KHeader::setWH_belowMinimum_givesMinimum()
+{
+    TestHeader header;
+    header.addItems({50}, HeaderFormatText, 20);
+    header.setWH(0, 5);
+    QCOMPARE(header.getItem(0)->getWH(), 20);
+    header.setWH(0, 21);
+    QCOMPARE(header.getItem(0)->getWH(), 21);
+}
+
+void tst_KHeader::setWH_newWidth_leavesRepaintToTheCaller()
+{
+    ShownHeader shown({50, 60});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    shown.header->setWH(0, 80);
+    QVERIFY(paintedNow(*shown.header).isEmpty());
+}
+
+void tst_KHeader::setMinWH_aboveWidth_raisesIt()
+{
+    TestHeader header;
+    header.addItems({50});
+    header.setMinWH(0, 70);
+    QCOMPARE(header.getItem(0)->getWH(), 70);
+    header.setMinWH(0, 10);
+    QCOMPARE(header.getItem(0)->getWH(), 70);
+}
+
+void tst_KHeader::setOrder_value_leavesOrderArray()
+{
+    TestHeader header;
+    header.setGeometry(0, 0, 400, 20);
+    header.addItems({50, 60, 70});
+    header.setOrder(2, 0);
+    QCOMPARE(header.getItemRect(2).left(), 0);
+    QCOMPARE(header.order(), QStringLiteral("0 1 2"));
+    header.deleteItem(0);
+    QCOMPARE(header.getItem(1)->getOrder(), 1);
+    header.setOrder(0, 1000);
+    QCOMPARE(header.getItemRect(0).left(), 130);
+    header.setOrder(0, -1000);
+    QCOMPARE(header.getItemRect(0).left(), 0);
+    QCOMPARE(dump(header.hitTest(QPoint(30, 5))), QStringLiteral("item=0"));
+}
+
+void tst_KHeader::storingSetters_newValue_repaintNothing()
+{
+    ShownHeader shown({50, 60});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    shown.header->setSizePercent(0, 0.5);
+    shown.header->setJustify(0, HeaderJustifyRight);
+    shown.header->setToolTipText(0, "tip");
+    QVERIFY(paintedNow(*shown.header).isEmpty());
+}
+
+void tst_KHeader::getItemRect_badIndex_isInvalid()
+{
+    TestHeader header;
+    QVERIFY(!header.getItemRect(0).isValid());
+    QVERIFY(!header.getItemRect(-1).isValid());
+}
+
+void tst_KHeader::getLayout_shown_isOneAndAHalfFontHeights()
+{
+    TestHeader header;
+    QFont font = header.font();
+    font.setPixelSize(21);
+    header.setFont(font, false);
+    int const fontHeight = QFontMetrics(font, &header).height();
+    QRect const layout = header.getLayout(QRect(3, 4, 100, 1));
+    QCOMPARE(layout.topLeft(), QPoint(3, 4));
+    QCOMPARE(layout.right(), 102);
+    QCOMPARE(layout.bottom(), 4 + fontHeight * 3 / 2);
+}
+
+void tst_KHeader::getLayout_hidden_hasNoHeight()
+{
+    TestHeader header;
+    header.setHidden(true);
+    QCOMPARE(header.getLayout(QRect(0, 7, 100, 50)).bottom(), 7);
+}
+
+void tst_KHeader::setHidden_on_hidesWidget()
+{
+    ShownHeader shown({50});
+    QVERIFY(shown.show());
+    shown.header->setHidden(true);
+    QVERIFY(shown.header->isHidden());
+    QVERIFY(!shown.header->isVisible());
+    shown.header->setHidden(false);
+    QVERIFY(!shown.header->isHidden());
+    QVERIFY(shown.header->isVisible());
+}
+
+void tst_KHeader::options_each_isStoredAlone()
+{
+    using Getter = bool (KHeader::*)() const;
+    using Setter = void (KHeader::*)(bool);
+    std::vector<std::pair<Getter, Setter>> const options = {
+        {&KHeader::isHidden, &KHeader::setHidden},
+        {&KHeader::isVert, &KHeader::setVert},
+        {&KHeader::isProportional, &KHeader::setProportional},
+        {&KHeader::isStickLastToEdge, &KHeader::setStickLastToEdge},
+        {&KHeader::isDragWhenResized, &KHeader::setDragWhenResized},
+        {&KHeader::isButtons, &KHeader::setButtons},
+        {&KHeader::isUsePlusSettings, &KHeader::setUsePlusSettings},
+        {&KHeader::isHotTrack, &KHeader::setHotTrack},
+        {&KHeader::isDragDrop, &KHeader::setDragDrop},
+        {&KHeader::isFlatView, &KHeader::setFlatView},
+        {&KHeader::isToolTip, static_cast<Setter>(&KHeader::setToolTip)},
+        {&KHeader::isFlat3D, &KHeader::setFlat3D}};
+    ShownHeader shown({50});
+    QVERIFY(shown.show());
+    for (auto const & [get, set] : options) {
+        settle(*shown.header);
+        (shown.header->*set)(true);
+        int on = 0;
+        for (auto const & other : options) {
+            on += (shown.header->*other.first)() ? 1 : 0;
+        }
+        QCOMPARE(on, 1);
+        QVERIFY((shown.header->*get)());
+        QVERIFY(paintedNow(*shown.header).isEmpty());
+        (shown.header->*set)(false);
+    }
+}
+
+void tst_KHeader::blockControl_value_returnsOldOne()
+{
+    TestHeader header;
+    QVERIFY(!header.blockControl(true));
+    QVERIFY(header.blockControl(true));
+    QVERIFY(header.blockControl(false));
+    QVERIFY(!header.blockControl(false));
+}
+
+void tst_KHeader::setTextColor_change_returnsOldColourAndRepaintsOnce()
+{
+    ShownHeader shown({50});
+    QVERIFY(shown.show());
+    QColor const old = QApplication::palette().color(QPalette::Active, QPalette::ButtonText);
+    settle(*shown.header);
+    QCOMPARE(shown.header->setTextColor(Qt::red), old);
+    QCOMPARE(paintedNow(*shown.header).boundingRect(), shown.header->rect());
+    settle(*shown.header);
+    QCOMPARE(shown.header->setTextColor(Qt::red), QColor(Qt::red));
+    QCOMPARE(shown.header->getTextColor(), QColor(Qt::red));
+    QVERIFY(paintedNow(*shown.header).isEmpty());
+}
+
+void tst_KHeader::getTextColor_neverSet_followsPalette()
+{
+    TestHeader header;
+    QPalette const before = QApplication::palette();
+    QPalette other = before;
+    other.setColor(QPalette::ButtonText, Qt::green);
+    QApplication::setPalette(other);
+    QColor const now = header.getTextColor();
+    QApplication::setPalette(before);
+    QCOMPARE(now, QColor(Qt::green));
+}
+
+void tst_KHeader::setPixmapSet_value_returnsOldSetAndRepaints()
+{
+    ShownHeader shown({50});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    // Only the pointer counts as long as no item has an image.
+    auto * const set = reinterpret_cast<KPixmapSet *>(&shown);
+    QCOMPARE(shown.header->setPixmapSet(set), nullptr);
+    QCOMPARE(paintedNow(*shown.header).boundingRect(), shown.header->rect());
+    QCOMPARE(shown.header->getPixmapSet(), set);
+    QCOMPARE(shown.header->setPixmapSet(nullptr), set);
+}
+
+void tst_KHeader::setFont_withAndWithoutRepaint_isStoredExactly()
+{
+    TestHeader header;
+    QFont font;
+    font.setPointSize(31);
+    header.setFont(font, true);
+    QCOMPARE(header.getfont(), font);
+    font.setBold(true);
+    header.setFont(font, false);
+    QCOMPARE(header.getfont(), font);
+}
+
+void tst_KHeader::setFont_ofTheWidget_isFollowed()
+{
+    QWidget parent;
+    TestHeader header(&parent);
+    QFont font = parent.font();
+    font.setPixelSize(29);
+    parent.setFont(font);
+    QCOMPARE(header.getfont().pixelSize(), 29);
+    font.setPixelSize(17);
+    header.setFont(font);
+    QCOMPARE(header.getfont().pixelSize(), 17);
+}
+
+void tst_KHeader::unusedInterface_calls_doNothing()
+{
+    TestHeader header;
+    QCOMPARE(header.setHotDivider(true, 5), 0);
+    header.drawDraggedButton(true);
+    header.hideTooltip();
+    header.trackButton();
+    int item = 9;
+    QRect rect;
+    QVERIFY(!header.canStartDragDrop(&rect, &item));
+    QCOMPARE(item, 0);
+    QVERIFY(!header.canStartDragDrop(nullptr, nullptr));
+    QVERIFY(!header.acceptDrops());
+}
+
+// --- Sizes
+
+void tst_KHeader::calculatePercent_onInsertion_sharesByWidth()
+{
+    TestHeader header;
+    header.setProportional(true);
+    header.addItems({100, 300});
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.25);
+    QCOMPARE(header.getItem(1)->getSizePercent(), 0.75);
+    header.setWH(0, 300);
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.5);
+}
+
+void tst_KHeader::calculatePercent_noWidth_sharesEvenly()
+{
+    TestHeader header;
+    header.setProportional(true);
+    header.addItems({0, 0, 0, 0});
+    QCOMPARE(header.getItem(2)->getSizePercent(), 0.25);
+}
+
+void tst_KHeader::calculatePercent_fixedItems_takeNoPart()
+{
+    TestHeader header;
+    header.setProportional(true);
+    header.addItems({100}, HeaderFormatFixed);
+    header.addItems({30, 10});
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.0);
+    QCOMPARE(header.getItem(1)->getSizePercent(), 0.75);
+    QCOMPARE(header.getItem(2)->getSizePercent(), 0.25);
+}
+
+void tst_KHeader::resize_proportional_sharesWidthByPercentage()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    shown.header->addItems({40}, HeaderFormatFixed);
+    shown.header->addItems({90, 270});
+    QVERIFY(shown.show());
+    shown.header->resize(241, 20);
+    // (241 - 40) * 0.25 and * 0.75, truncated.
+    QCOMPARE(shown.header->widths(), QStringLiteral("40 50 150"));
+}
+
+void tst_KHeader::resize_proportional_equalItemsStayEqual()
+{
+    ShownHeader shown({100, 100, 100, 100});
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    for (int const width : {399, 250, 37, 600, 411}) {
+        shown.header->resize(width, 20);
+        int const first = shown.header->getItem(0)->getWH();
+        for (int i = 1; i < 4; ++i) {
+            QCOMPARE(shown.header->getItem(i)->getWH(), first);
+        }
+    }
+}
+
+void tst_KHeader::resize_proportionalBelowMinima_itemsKeepSizes()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    shown.header->addItems({200, 200}, HeaderFormatText, 60);
+    QVERIFY(shown.show());
+    shown.header->resize(120, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("60 60"));
+    shown.header->resize(119, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("60 60"));
+    shown.header->resize(50, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("60 60"));
+    shown.header->resize(200, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+}
+
+void tst_KHeader::resize_proportionalSmallShare_isRaisedToMinimum()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    shown.header->addItems({100}, HeaderFormatText, 80);
+    shown.header->addItems({300});
+    QVERIFY(shown.show());
+    shown.header->resize(200, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("80 150"));
+}
+
+void tst_KHeader::resize_proportionalSameWidth_changesNothing()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->addItems({30, 30});
+    shown.header->resize(400, 15);
+    QCOMPARE(shown.header->widths(), QStringLiteral("30 30"));
+}
+
+void tst_KHeader::resize_ownPercentages_areUsed()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->setSizePercent(0, 0.1);
+    shown.header->setSizePercent(1, 0.9);
+    shown.header->resize(200, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("20 180"));
+}
+
+void tst_KHeader::blockControl_true_stopsRecalculationOfPercentages()
+{
+    TestHeader header;
+    header.setProportional(true);
+    header.addItems({100, 100});
+    header.blockControl(true);
+    header.setWH(0, 300);
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.5);
+    header.blockControl(false);
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.5);
+    header.postItemsChange();
+    QCOMPARE(header.getItem(0)->getSizePercent(), 0.75);
+}
+
+void tst_KHeader::blockControl_true_stopsResizingByPercentage()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    QString const before = shown.header->widths();
+    shown.header->blockControl(true);
+    shown.header->resize(300, 20);
+    QCOMPARE(shown.header->widths(), before);
+}
+
+void tst_KHeader::blockControl_rebuild_doesNotCollapseItems()
+{
+    ShownHeader shown({100, 300});
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->blockControl(true);
+    shown.header->deleteAllItems();
+    shown.header->addItems({50, 150});
+    shown.header->blockControl(false);
+    shown.header->resize(100, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("25 75"));
+}
+
+void tst_KHeader::setSizePercent_noNumber_leavesMinimum()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setMinWH(0, 7);
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->setSizePercent(0, std::numeric_limits<double>::quiet_NaN());
+    shown.header->setSizePercent(1, std::numeric_limits<double>::infinity());
+    shown.header->resize(300, 20);
+    QCOMPARE(shown.header->getItem(0)->getWH(), 7);
+    QCOMPARE(shown.header->getItem(1)->getWH(), std::numeric_limits<int>::max());
+}
+
+void tst_KHeader::postItemsChange_stickLast_givesLastTheRest()
+{
+    ShownHeader shown({100, 50});
+    shown.header->setStickLastToEdge(true);
+    shown.header->postItemsChange();
+    // The widget's right edge is its last pixel: 399.
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 299"));
+    shown.header->setWH(0, 150);
+    QCOMPARE(shown.header->widths(), QStringLiteral("150 249"));
+}
+
+void tst_KHeader::postItemsChange_stickLastBelowMinimum_leavesItsWidth()
+{
+    ShownHeader shown;
+    shown.header->addItems({100});
+    shown.header->addItems({320}, HeaderFormatText, 310);
+    shown.header->setStickLastToEdge(true);
+    shown.header->postItemsChange();
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 320"));
+}
+
+void tst_KHeader::postItemsChange_stickLastPastTheEdge_givesZero()
+{
+    ShownHeader shown({500, 30});
+    shown.header->setStickLastToEdge(true);
+    shown.header->postItemsChange();
+    QCOMPARE(shown.header->widths(), QStringLiteral("500 0"));
+}
+
+void tst_KHeader::resize_stickLast_ignoresMinimum()
+{
+    ShownHeader shown;
+    shown.header->addItems({100});
+    shown.header->addItems({320}, HeaderFormatText, 310);
+    shown.header->setStickLastToEdge(true);
+    QVERIFY(shown.show());
+    shown.header->resize(250, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 150"));
+    shown.header->resize(60, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 -40"));
+    shown.header->grab();
+}
+
+void tst_KHeader::resize_stickLastNegativeMinimum_givesZero()
+{
+    ShownHeader shown;
+    shown.header->addItems({100});
+    shown.header->addItems({320}, HeaderFormatText, -1);
+    shown.header->setStickLastToEdge(true);
+    QVERIFY(shown.show());
+    shown.header->resize(250, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 0"));
+}
+
+void tst_KHeader::resize_hiddenHeader_waitsForShow()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setProportional(true);
+    shown.header->setGeometry(0, 0, 300, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 100"));
+    QVERIFY(shown.show());
+    QCOMPARE(shown.header->widths(), QStringLiteral("150 150"));
+}
+
+void tst_KHeader::applyGeometry_hiddenHeader_resizesItemsAtOnce()
+{
+    ShownHeader shown({100, 300});
+    shown.header->setProportional(true);
+    shown.header->applyGeometry(QRect(5, 0, 200, 20));
+    QCOMPARE(shown.header->widths(), QStringLiteral("50 150"));
+    QVERIFY(shown.show());
+    QCOMPARE(shown.header->widths(), QStringLiteral("50 150"));
+}
+
+void tst_KHeader::applyGeometry_shownHeader_resizesItemsOnce()
+{
+    ShownHeader shown({100, 300});
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->applyGeometry(QRect(5, 0, 200, 20));
+    QCOMPARE(shown.header->geometry(), QRect(5, 0, 200, 20));
+    QCOMPARE(shown.header->widths(), QStringLiteral("50 150"));
+}
+
+ZENU_TEST(tst_KHeader)
+#include "tst_KHeader.moc"
