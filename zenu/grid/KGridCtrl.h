@@ -44,6 +44,7 @@ public:
     class ZENU_EXPORT iterator
     {
     public:
+        /// What the standard algorithms ask of an iterator.
         using iterator_category = std::input_iterator_tag;
         using value_type = tag_HROW *;
         using difference_type = std::ptrdiff_t;
@@ -66,6 +67,7 @@ public:
         unsigned stepping = 0; // GCN_, 0 ends the walk
         KGridCtrl const * grid = nullptr;
     };
+    /// The same: a walk changes no row.
     using const_iterator = iterator;
 
     /// `style` is made of GCS_ bits and stays. `flags` are Qt::WindowFlags, `name` the object name
@@ -92,6 +94,7 @@ public:
     bool SetColumn(tag_HCOLUMN * column, GC_COLUMN const * record);
     /// Fills format, kind, flags, width and order, and with GCCM_TEXT the record's buffer.
     bool GetColumn(tag_HCOLUMN * column, GC_COLUMN * record) const;
+    /// The number of columns, hidden ones included.
     int GetColumnsCount() const;
     /// Width in pixels, 0 for an unknown column.
     int GetColumnWidth(tag_HCOLUMN * column) const;
@@ -115,6 +118,7 @@ public:
     /// Stores the column's place in order of creation, which is taken for its place on display: the
     /// two differ once columns were reordered. Applications rely on it, so it stays.
     void SetFocusedColumn(tag_HCOLUMN * column);
+    /// Repaints the column if it is shown.
     void InvalidateColumn(tag_HCOLUMN * column);
     /// Owned by the grid.
     KHeader * getHeader() const;
@@ -144,6 +148,7 @@ public:
     /// Deletes a row with all rows below it. A child of a slim row can't be deleted alone: false.
     /// Does not repaint. No selection notification is sent.
     bool DeleteRow(tag_HROW * row);
+    /// Deletes all rows and keeps the columns.
     bool DeleteAllRows();
     /// Deletes all rows and columns, and the image lists unless GCS_KEEPIMAGES. Column ids start at
     /// 0 again, so a stale column handle may name a new column.
@@ -192,7 +197,9 @@ public:
     bool GetRowRect(tag_HROW * row, QRect * rect) const;
     /// Black for a bad handle and for slim rows.
     QColor GetRowTextColor(tag_HROW * row) const;
+    /// As above, of the background.
     QColor GetRowBkColor(tag_HROW * row) const;
+    /// False for a bad handle.
     bool SetRowTextColor(tag_HROW * row, QColor const & color);
     /// Leaves the background as it was and unsets the text colour. A background is set by SetRow
     /// with GCRM_BKCOLOR. Applications rely on it, so it stays.
@@ -205,6 +212,7 @@ public:
     unsigned int GetExpandedCount() const;
     /// Rows on display.
     unsigned int GetVisibleCount() const;
+    /// Selected rows.
     unsigned int GetSelectedCount() const;
     /// First row on display, null without rows.
     tag_HROW * GetTopIndex() const;
@@ -221,6 +229,7 @@ public:
     /// row.
     iterator begin(unsigned int flags, tag_HROW * row = nullptr);
     const_iterator begin(unsigned int flags, tag_HROW * row = nullptr) const;
+    /// Where every walk ends: a null row.
     iterator end();
     const_iterator end() const;
 
@@ -242,11 +251,13 @@ public:
     int GetItemTextLen(tag_HROW * row, tag_HCOLUMN * column) const;
     /// Copies the text; null takes it away, GC_TEXTCALLBACK asks the text function.
     bool SetItemText(tag_HROW * row, tag_HCOLUMN * column, char const * text);
+    /// Repaints the cell if it is on display.
     void InvalidateItem(tag_HROW * row, tag_HCOLUMN * column);
     void InvalidateItem(tag_HROW * row, tag_HCOLUMN * column) const;
     /// Sets the function that gives the texts of items set to GC_TEXTCALLBACK, and its first
     /// argument. Always true.
     bool SetTextCallback(GC_TEXTPROC proc, unsigned long cbParam);
+    /// The same as SetTextCallback.
     void SetTextCBProc(GC_TEXTPROC proc, unsigned long cbParam);
 
     /// @}
@@ -272,6 +283,7 @@ public:
     /// None of these asks OnSelectionChanging; each tells OnSelectionChanged.
     /// @{
 
+    /// Selects nothing.
     void ClearSelection();
     /// Selects every row of the visible order.
     void SelectAll();
@@ -289,10 +301,13 @@ public:
     QColor GetColor(int number) const;
     /// Sets a colour, repaints if it changed and returns the old one.
     QColor SetColor(int number, QColor const & color);
+    /// GetColor and SetColor of GCC_TEXT.
     QColor GetTextColor() const;
     QColor SetTextColor(QColor const & color);
+    /// GetColor and SetColor of GCC_BACKGROUND.
     QColor GetBkColor() const;
     QColor SetBkColor(QColor const & color);
+    /// GetColor and SetColor of GCC_SEPARATOR.
     QColor GetSepColor() const;
     QColor SetSepColor(QColor const & color);
     /// The height of rows without a height of their own: what SetDefaultHeight gave, else the
@@ -320,10 +335,12 @@ public:
     /// \name Style and plumbing
     /// @{
 
+    /// The extended style word.
     unsigned long GetExStyle() const;
     /// Sets the extended style of GCXS_ bits and returns the old one. GCXS_FASTLOCATOR takes effect
     /// while there are no rows; the word keeps the bit all the same.
     unsigned long SetExStyle(unsigned long style);
+    /// The same as GetExStyle and SetExStyle.
     unsigned long GetGridExStyle() const;
     unsigned long SetGridExStyle(unsigned long style);
     /// Replaces the sink; null means no notifications. The grid does not own it.
