@@ -9,6 +9,8 @@
 
 #include <climits>
 #include <functional>
+#include <memory>
+#include <type_traits>
 
 using namespace zenu;
 
@@ -23,6 +25,7 @@ private Q_SLOTS:
     void getters_newSet_giveTheArguments();
     void copy_everything_isCopied();
     void assignment_everything_isCopied();
+    void destructor_ownerDeletes_copiesKeepTheStrip();
     void setBkColor_anyColor_isKeptAndNotUsed();
     void useMask_background_becomesTransparent();
     void useMask_invalidSet_isMaskedAllTheSame();
@@ -201,6 +204,18 @@ void tst_KPixmapSet::assignment_everything_isCopied()
     QCOMPARE(other.getPixmap().cacheKey(), set.getPixmap().cacheKey());
     QCOMPARE(other.getBkColor(), QColor(Qt::green));
     QVERIFY(other.isValid());
+}
+
+// Who only points to a set does not keep it; the owner's copy is what lives on.
+void tst_KPixmapSet::destructor_ownerDeletes_copiesKeepTheStrip()
+{
+    static_assert(std::has_virtual_destructor_v<KPixmapSet>);
+    auto owned = std::make_unique<KPixmapSet>(makeSet());
+    KPixmapSet const copy(*owned);
+    owned.reset();
+    QImage const image =
+        drawn([&copy](QPainter * p) { QVERIFY(copy.drawImage(p, 2, 1, 1, -1, -1)); });
+    QCOMPARE(wrongPart(image, QPoint(1, 1), 8, QSize(4, 3)), QByteArray());
 }
 
 void tst_KPixmapSet::setBkColor_anyColor_isKeptAndNotUsed()
