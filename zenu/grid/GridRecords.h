@@ -39,7 +39,7 @@ struct GC_ROW
     unsigned long param = 0;     ///< the application's value
     QColor textColor;            ///< of all cells that have none of their own
     QColor bkColor;              ///< of the whole row
-    QFont * font = nullptr;      ///< stored as it stands, the row does not own it
+    QFont * font = nullptr;      ///< stored as it stands, not owned; don't set GCRM_FONT on a read
 };
 
 /// A section row: a row with a title.

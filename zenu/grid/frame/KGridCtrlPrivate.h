@@ -204,7 +204,7 @@ public:
     IGCRow * GetChild(int index) override;
     RowSpan GetChildren(ISlimGridCallbackWrapper * wrapper) override;
     void SortRows(std::vector<IGCRow *> & rows) override;
-    bool IsSorted() const override { return sortCompare != nullptr; }
+    bool IsSorted() const override { return sortColumn != GC_NOCOLUMN || sortCompare; }
     bool OnTopRowChanging(IGCRow * newTop) override;
     void OnTopRowChanged() override;
     void OnRowsLaidOut() override;
