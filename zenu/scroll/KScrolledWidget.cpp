@@ -18,7 +18,7 @@ void dropOwnStep(QPointer<QScrollBar> const & bar)
 
 } // namespace
 
-struct KScrolledWidget::PrivateData
+struct ZENU_HIDDEN KScrolledWidget::PrivateData
 {
     explicit PrivateData(KScrolledWidget * widget);
 

@@ -14,7 +14,7 @@
 namespace zenu {
 
 /// State of a KHeader.
-class KHeader::PrivateData
+class ZENU_TEST_EXPORT KHeader::PrivateData
 {
 public:
     explicit PrivateData(KHeader * owner);
