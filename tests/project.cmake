@@ -46,3 +46,13 @@ add_test(NAME install COMMAND ${CMAKE_COMMAND}
          -P ${CMAKE_CURRENT_SOURCE_DIR}/install/InstallAndConsume.cmake)
 set_tests_properties(install PROPERTIES ENVIRONMENT "${zenu_test_environment}" TIMEOUT 600
                      RESOURCE_LOCK build_directory)
+
+# The explorer draws one frame of a real directory, and one of computed rows.
+if(TARGET zenu_explorer)
+    add_test(NAME explorer_directory COMMAND zenu_explorer ${PROJECT_SOURCE_DIR}/zenu
+             --picture ${CMAKE_CURRENT_BINARY_DIR}/explorer_directory.png)
+    add_test(NAME explorer_rows COMMAND zenu_explorer --rows 100000
+             --picture ${CMAKE_CURRENT_BINARY_DIR}/explorer_rows.png)
+    set_tests_properties(explorer_directory explorer_rows PROPERTIES
+                         ENVIRONMENT "${zenu_test_environment}" TIMEOUT 120)
+endif()
