@@ -85,11 +85,27 @@ QImage image(QPixmap const & pixmap)
     return pixmap.toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+// As large as a grab of the widget.
 QPixmap blank(QWidget const & widget)
 {
-    QPixmap pixmap(widget.size());
+    qreal const ratio = widget.devicePixelRatio();
+    QPixmap pixmap((QSizeF(widget.size()) * ratio).toSize());
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(widget.palette().color(QPalette::Window));
     return pixmap;
+}
+
+// The colour in the middle of a logical pixel.
+QColor colorAt(QPixmap const & pixmap, int x, int y)
+{
+    qreal const ratio = pixmap.devicePixelRatio();
+    return image(pixmap).pixelColor(int((x + 0.5) * ratio), int((y + 0.5) * ratio));
+}
+
+// Between device pixels the edge of a pixmap is placed otherwise than that of a fill.
+bool isFractional(QWidget const & widget)
+{
+    return widget.devicePixelRatio() != qRound(widget.devicePixelRatio());
 }
 
 QColor sys(int number)
@@ -146,7 +162,7 @@ void drawTitle(QPixmap & picture, Header const & header, QRect const & rect, int
 
 int titleWidth(Header const & header, char const * text)
 {
-    QPixmap pixmap(1, 1);
+    QPixmap pixmap = blank(header);
     QPainter p(&pixmap);
     p.setFont(header.getfont());
     QRect const bounds =
@@ -450,6 +466,9 @@ void tst_HeaderPainting::image_higherThanItem_isCut()
 {
     KPixmapSet images(filled(10, 80, Qt::red), QSize(10, 80), 1, false);
     Header header({100});
+    if (isFractional(header)) {
+        QSKIP("compares the edges of pixmaps with those of fills");
+    }
     header.setPixmapSet(&images);
     header.setText(0, "");
     QPixmap expected = header.picture();
@@ -491,6 +510,9 @@ void tst_HeaderPainting::bitmap_largerThanItem_isCutNotScaled()
     QPixmap pixmap = filled(300, 300, Qt::red);
     QPainter(&pixmap).fillRect(0, 0, 5, 5, Qt::blue);
     Header header({40});
+    if (isFractional(header)) {
+        QSKIP("compares the edges of pixmaps with those of fills");
+    }
     QPixmap expected = header.picture();
     QPainter p(&expected);
     p.fillRect(1, 1, 38, 21, Qt::red);
@@ -520,9 +542,9 @@ void tst_HeaderPainting::bitmap_hotItemWithoutHotBitmaps_showsThePlainOne()
     header.setButtons(true);
     header.setHotTrack(true);
     header.hover(50);
-    QCOMPARE(image(header.picture()).pixelColor(5, 10), QColor(Qt::red));
+    QCOMPARE(colorAt(header.picture(), 5, 10), QColor(Qt::red));
     header.press(50);
-    QCOMPARE(image(header.picture()).pixelColor(5, 10), QColor(Qt::red));
+    QCOMPARE(colorAt(header.picture(), 5, 10), QColor(Qt::red));
 }
 
 void tst_HeaderPainting::arrow_inButtonModeOnly_isShown()
@@ -646,11 +668,11 @@ void tst_HeaderPainting::ownerDraw_notification_drawsAllOfTheItem()
         painter->fillRect(10, 5, 3, 3, Qt::red);
     };
     header.setNotification(&recorder);
-    QImage const picture = image(header.picture());
+    QPixmap const picture = header.picture();
     QCOMPARE(recorder.taken(), QStringLiteral("draw 0 0 42"));
     QCOMPARE(given, header.getItemRect(0));
-    QCOMPARE(picture.pixelColor(11, 6), QColor(Qt::red));
-    QCOMPARE(picture.pixelColor(99, 5), header.palette().color(QPalette::Window));
+    QCOMPARE(colorAt(picture, 11, 6), QColor(Qt::red));
+    QCOMPARE(colorAt(picture, 99, 5), header.palette().color(QPalette::Window));
     header.setButtons(true);
     header.press(50);
     recorder.taken();
@@ -769,10 +791,10 @@ void tst_HeaderPainting::paint_paletteChanged_followsIt()
     QApplication::setPalette(other);
     bool const painted =
         QTest::qWaitFor([&] { return header->painted.boundingRect() == header->rect(); });
-    QImage const picture = image(header->grab());
+    QPixmap const picture = header->grab();
     QApplication::setPalette(before);
     QVERIFY(painted);
-    QCOMPARE(picture.pixelColor(50, 10), QColor(Qt::green));
+    QCOMPARE(colorAt(picture, 50, 10), QColor(Qt::green));
 }
 
 void tst_HeaderPainting::paint_doubleResolution_isSharp()

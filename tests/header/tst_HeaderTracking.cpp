@@ -3,6 +3,9 @@
 
 #include <zenu/overlay/surface/WidgetSurface.h>
 
+#include <QApplication>
+#include <QScreen>
+
 using namespace zenu;
 using zenutest::Recorder;
 using zenutest::resizeCursorShown;
@@ -85,10 +88,14 @@ QImage screen(TestHeader & header)
     return surface.copy(header.rect()).convertToFormat(QImage::Format_RGB32);
 }
 
+// The header stands at the left edge of its window, so columns round as in its picture.
 QImage withLine(QImage image, int x)
 {
-    for (int y = 0; y < image.height(); ++y) {
-        image.setPixel(x, y, image.pixel(x, y) ^ 0xffffff);
+    qreal const ratio = QApplication::primaryScreen()->devicePixelRatio();
+    for (int column = qRound(x * ratio); column < qRound((x + 1) * ratio); ++column) {
+        for (int y = 0; y < image.height(); ++y) {
+            image.setPixel(column, y, image.pixel(column, y) ^ 0xffffff);
+        }
     }
     return image;
 }
@@ -296,8 +303,9 @@ void tst_HeaderTracking::drag_whenResized_repaintsToTheEnd()
     shown.move(60);
     paintPending();
     // What is on the screen is what a fresh picture shows.
-    QCOMPARE(screen(*shown.header),
-             shown.header->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    QImage picture = shown.header->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    picture.setDevicePixelRatio(1);
+    QCOMPARE(screen(*shown.header), picture);
 }
 
 void tst_HeaderTracking::drag_lineMode_changesNoWidth()

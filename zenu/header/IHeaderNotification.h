@@ -11,8 +11,9 @@ class KPainter;
 /// What a KHeader reports to its client. Every operation may be left out. The object belongs to the
 /// client; it is set with KHeader::setNotification, and reset with null before it dies. Items are
 /// named by their index in order of insertion, widths are logical pixels. An operation may change
-/// or delete items, replace or delete the notification, and delete the header, but for `onFocusIn`
-/// and `onDrawItem`, where the header has to outlive the call (use deleteLater).
+/// or delete items and replace or delete the notification. It may also delete the header, but not
+/// in `onFocusIn`, `onFocusOut` and `onDrawItem`: Qt itself goes on with the widget there, so
+/// deleteLater is the way.
 class ZENU_EXPORT IHeaderNotification
 {
 public:
