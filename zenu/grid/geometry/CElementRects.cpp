@@ -1,8 +1,14 @@
 #include "zenu/grid/geometry/CElementRects.h"
 
 #include "zenu/grid/geometry/SaturatedInt.h"
+#include "zenu/grid/geometry/TextCache.h"
 
 namespace zenu {
+
+int CElementRects::fitWidth() const
+{
+    return fitted != nullptr ? fitted->measuredWidth() : 0;
+}
 
 void CElementRects::translate(int dx, int dy)
 {

@@ -20,7 +20,6 @@ struct ZENU_TEST_EXPORT CElementRects
     QRect textRect;     // the text as it is drawn, cut to the room there is
     int treeOffset = 0; // from the button's centre to the element that follows
     int fitCount = 0;   // characters of the text that fit
-    int fitWidth = 0;   // width of those
     QRect fullTextRect; // the text at its full width
     QRect checkRect;    // the check box
     QRect dropRect;     // the drop-down button of list and combo cells
@@ -29,6 +28,9 @@ struct ZENU_TEST_EXPORT CElementRects
 
     // The text laid out; null when textRect is. Lives in the TextCache, see there for how long.
     FittedText const * fitted = nullptr;
+
+    // The width of the characters that fit, 0 without a text. Valid for as long as `fitted`.
+    int fitWidth() const;
 
     // Moves all rectangles but null ones. Edges saturate at the range of an int.
     void translate(int dx, int dy);

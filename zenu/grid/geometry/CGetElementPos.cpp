@@ -82,19 +82,21 @@ void placeTextInSpan(CellInputs const & inputs, int from, int to, int alignment,
     FittedText const & fitted =
         inputs.texts->fit(*inputs.font, inputs.text, to - from,
                           alignment == alignRight ? FitSide::End : FitSide::Front);
-    int const cutWidth = cellCoordinate(std::int64_t{fitted.fitWidth} + fitted.dotsWidth);
     int const fullWidth = cellCoordinate(fitted.fullWidth);
     int const top = (inputs.height - fitted.textHeight) / 2;
     int const bottom = top + fitted.textHeight;
 
     Extent const full = wholeTextExtent(from, to, fullWidth, alignment);
-    Extent const shown = fitted.isCut() ? cutTextExtent(from, to, cutWidth, alignment) : full;
+    Extent shown = full;
+    if (fitted.isCut()) {
+        int const cutWidth = cellCoordinate(std::int64_t{fitted.fitWidth} + fitted.dotsWidth);
+        shown = cutTextExtent(from, to, cutWidth, alignment);
+    }
     bool const centred = alignment == alignCentre;
     Extent const unclipped = centred ? shown : full;
 
     rects->fitted = &fitted;
     rects->fitCount = fitted.fitCount;
-    rects->fitWidth = fitted.fitWidth;
     rects->fullTextRect = edges(unclipped.left, top, unclipped.right, bottom);
     rects->textRect = edges(std::max(shown.left, from), top, std::min(shown.right, to), bottom);
 }

@@ -1,17 +1,19 @@
 #include "zenu/grid/geometry/TextCache.h"
 
+#include "zenu/grid/geometry/FontWidths.h"
 #include "zenu/grid/geometry/SaturatedInt.h"
 #include "zenu/grid/geometry/TextLine.h"
 
 #include <QFont>
-#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QObject>
 #include <QPaintDevice>
-#include <QString>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -24,6 +26,8 @@ namespace {
 
 constexpr std::size_t generationEntries = 8192;
 constexpr std::size_t generationBytes = 8U << 20;
+constexpr std::size_t shapeBytes = 600;
+constexpr std::size_t bytesALetter = 32;
 constexpr std::size_t fontSlots = 64;
 // Of a longer text these first bytes and a hash of 128 bits tell it from others.
 constexpr std::size_t keptBytes = 1024;
@@ -61,68 +65,10 @@ TextHash hashOf(std::string_view text)
     return hash;
 }
 
-} // namespace
-
-// A font with what is known of it alone.
-struct FontSlot
-{
-    FontSlot(QFont const & slotFont, QPaintDevice const * device, long long & counter)
-        : font(slotFont)
-        , metrics(device != nullptr ? QFontMetrics(slotFont, device) : QFontMetrics(slotFont))
-        , realMetrics(device != nullptr ? QFontMetricsF(slotFont, device) : QFontMetricsF(slotFont))
-        , measurements(counter)
-        , dots(slotFont, QStringLiteral("..."))
-    {
-        advances.fill(-1);
-        ++measurements;
-        dotsWidth = metrics.size(Qt::TextSingleLine, QStringLiteral("...")).width();
-    }
-
-    QSize size(QString const & text)
-    {
-        ++measurements;
-        return metrics.size(Qt::TextSingleLine, text);
-    }
-    int inkWidth(QString const & text)
-    {
-        ++measurements;
-        return metrics.boundingRect(text).width();
-    }
-    int dotsInkWidth()
-    {
-        if (dotsInk < 0) {
-            dotsInk = inkWidth(QStringLiteral("..."));
-        }
-        return dotsInk;
-    }
-    // Of one Latin-1 letter that stands alone.
-    float advance(char letter)
-    {
-        float & known = advances[static_cast<unsigned char>(letter)];
-        if (known < 0) {
-            ++measurements;
-            known = std::max(0.0F, static_cast<float>(realMetrics.horizontalAdvance(
-                                       QString(QLatin1Char(letter)))));
-        }
-        return known;
-    }
-
-    QFont font;
-    QFontMetrics metrics;
-    QFontMetricsF realMetrics;
-    long long & measurements;
-    std::array<float, 256> advances;
-    int dotsWidth = 0;
-    int dotsInk = -1;
-    TextLine dots;
-};
-
-namespace {
-
 // What a result is found by. With `room` wholeText it is the text without a span.
 struct Probe
 {
-    FontSlot const * slot;
+    FontWidths const * slot;
     std::string_view text;
     int room;
     FitSide side;
@@ -157,7 +103,7 @@ struct Entry
                hash.second == probe.hash.second && bytes == probe.text.substr(0, keptBytes);
     }
 
-    FontSlot const * slot;
+    FontWidths const * slot;
     int room;
     FitSide side;
     std::size_t length;
@@ -165,7 +111,10 @@ struct Entry
     std::size_t tableHash;
     std::string bytes;
     FittedText result;
-    int inkWidth = -1; // of the whole text, once it is known
+    // A room that takes the whole text for certain.
+    int surelyFits = std::numeric_limits<int>::max();
+    // A room that does not.
+    int surelyCut = std::numeric_limits<int>::min();
     TextLine line;
 };
 
@@ -193,85 +142,59 @@ struct EntryEqual
     }
 };
 
-using Entries = std::unordered_set<std::unique_ptr<Entry>, EntryHash, EntryEqual>;
-
-QString latin1(std::string_view text)
-{
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-// The widths of the beginnings or ends of a text.
-class TextWidths : public ITextWidths
-{
-public:
-    TextWidths(FontSlot & fontSlot, std::string_view wholeText, FitSide fitSide)
-        : slot(fontSlot)
-        , text(wholeText)
-        , side(fitSide)
-    {
-    }
-
-    std::string_view kept(int count) const
-    {
-        auto const n = static_cast<std::size_t>(count);
-        return side == FitSide::End ? text.substr(text.size() - n) : text.substr(0, n);
-    }
-    int widthOf(int count) override { return slot.inkWidth(latin1(kept(count))); }
-    int probableCount(int room, int most) override
-    {
-        float sum = 0;
-        int count = 0;
-        while (count < most) {
-            auto const n = static_cast<std::size_t>(count);
-            sum += slot.advance(side == FitSide::End ? text[text.size() - 1 - n] : text[n]);
-            if (sum > static_cast<float>(room)) {
-                break;
-            }
-            ++count;
-        }
-        return count;
-    }
-
-private:
-    FontSlot & slot;
-    std::string_view text;
-    FitSide side;
-};
-
 } // namespace
 
 class TextCache::Private
 {
 public:
-    FontSlot & slotOf(QFont const & font);
+    Private();
+    FontWidths & slotOf(QFont const & font);
+    static std::size_t entryCost(Entry const & entry);
     Entry & entryOf(Probe const & probe, bool & isNew);
-    void measureWhole(Entry & entry, FontSlot & slot, std::string_view text);
+    void measureWhole(Entry & entry, FontWidths & slot, std::string_view text);
     // True when the whole text fits into the room; the entry is that of the whole text.
-    bool fitsWhole(Entry & entry, FontSlot & slot, std::string_view text, int room);
-    void cut(Entry & entry, Entry const & whole, FontSlot & slot, std::string_view text);
+    bool fitsWhole(Entry & entry, std::string_view text, int room);
+    void cut(Entry & entry, Entry const & whole, FontWidths & slot, std::string_view text);
     void clear();
+
+    using Entries = std::unordered_set<std::unique_ptr<Entry>, EntryHash, EntryEqual>;
 
     QPaintDevice const * device = nullptr;
     int dpiX = 0;
     int dpiY = 0;
     qreal pixelRatio = 0;
     long long measurements = 0;
-    std::vector<std::unique_ptr<FontSlot>> slots;
-    FontSlot * lastSlot = nullptr;
+    std::vector<std::unique_ptr<FontWidths>> slots;
+    FontWidths * lastSlot = nullptr;
     Entries young;
     Entries old;
     std::size_t youngBytes = 0;
+    QObject fontWatch;
 };
 
-// Fonts are few, and mostly the one of the lookup before.
-FontSlot & TextCache::Private::slotOf(QFont const & font)
+// Memory, about: the text in both forms and, where it is drawn, its shape.
+std::size_t TextCache::Private::entryCost(Entry const & entry)
 {
-    if (lastSlot != nullptr && lastSlot->font.isCopyOf(font)) {
+    return shapeBytes + bytesALetter * entry.bytes.size();
+}
+
+// Shaped lines point into fonts that go when fonts are added to the application or removed.
+TextCache::Private::Private()
+{
+    if (qGuiApp != nullptr) {
+        QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, &fontWatch,
+                         [this] { clear(); });
+    }
+}
+
+// Fonts are few, and mostly the one of the lookup before.
+FontWidths & TextCache::Private::slotOf(QFont const & font)
+{
+    if (lastSlot != nullptr && lastSlot->isCopyOf(font)) {
         return *lastSlot;
     }
-    for (std::unique_ptr<FontSlot> const & slot : slots) {
-        if (slot->font.isCopyOf(font) || slot->font == font) {
-            slot->font = font;
+    for (std::unique_ptr<FontWidths> const & slot : slots) {
+        if (slot->isFor(font)) {
             lastSlot = slot.get();
             return *lastSlot;
         }
@@ -279,7 +202,7 @@ FontSlot & TextCache::Private::slotOf(QFont const & font)
     if (slots.size() >= fontSlots) {
         clear();
     }
-    slots.push_back(std::make_unique<FontSlot>(font, device, measurements));
+    slots.push_back(std::make_unique<FontWidths>(font, device, measurements));
     lastSlot = slots.back().get();
     return *lastSlot;
 }
@@ -295,57 +218,69 @@ Entry & TextCache::Private::entryOf(Probe const & probe, bool & isNew)
         youngBytes = 0;
     }
     if (auto const found = old.find(probe); found != old.end()) {
-        youngBytes += (*found)->bytes.size();
+        youngBytes += entryCost(**found);
         return **young.insert(old.extract(found)).position;
     }
     isNew = true;
     Entry & entry = **young.insert(std::make_unique<Entry>(probe)).first;
-    youngBytes += entry.bytes.size();
+    youngBytes += entryCost(entry);
     return entry;
 }
 
-void TextCache::Private::measureWhole(Entry & entry, FontSlot & slot, std::string_view text)
+// Shapes the text once, for its size and maybe for its picture.
+void TextCache::Private::measureWhole(Entry & entry, FontWidths & slot, std::string_view text)
 {
     std::string_view const measured = text.substr(0, longestMeasured);
-    QSize const size = slot.size(latin1(measured));
+    entry.line = TextLine(slot.deviceFont(), latin1Text(measured));
+    ++measurements;
+    QSize const size = entry.line.size();
     double width = size.width();
     for (char const letter : text.substr(measured.size())) {
         width += static_cast<double>(slot.advance(letter));
     }
-    entry.result.length = saturated(static_cast<std::int64_t>(text.size()));
-    entry.result.fullWidth = saturated(std::llround(width));
-    entry.result.textHeight = size.height();
-    entry.result.dotsWidth = slot.dotsWidth;
-    entry.result.fitted = &entry.line;
-    entry.result.dots = &slot.dots;
+    FittedText & result = entry.result;
+    result.length = saturated(static_cast<std::int64_t>(text.size()));
+    result.fitCount = result.length;
+    result.fullWidth = saturated(std::llround(width));
+    result.textHeight = size.height();
+    result.dotsWidth = slot.dotsWidth();
+    result.fitted = &entry.line;
+    result.dots = &slot.dots();
+    result.source = &slot;
+    // Glyphs stand out of their room by less than a line's height.
+    if (std::none_of(text.begin(), text.end(), isOddLetter)) {
+        double const advance = std::max(width, entry.line.advance());
+        entry.surelyFits = saturated(std::llround(std::ceil(advance)) + 2LL * size.height());
+        entry.surelyCut = saturated(std::llround(std::floor(advance)) - 2LL * size.height());
+    }
 }
 
-bool TextCache::Private::fitsWhole(Entry & entry, FontSlot & slot, std::string_view text, int room)
+bool TextCache::Private::fitsWhole(Entry & entry, std::string_view text, int room)
 {
-    int const length = entry.result.length;
+    FittedText & result = entry.result;
     // A longer text is cut before it is measured.
-    if (length > room / 2 + 1) {
+    if (result.length > room / 2 + 1) {
         return false;
     }
-    if (entry.inkWidth < 0) {
-        entry.line = TextLine(slot.font, latin1(text));
-        entry.inkWidth = slot.inkWidth(latin1(text));
-        entry.result.fitCount = length;
-        entry.result.fitWidth = entry.inkWidth;
+    if (static_cast<std::size_t>(entry.line.text().size()) != text.size()) {
+        entry.line =
+            TextLine(static_cast<FontWidths *>(result.source)->deviceFont(), latin1Text(text));
     }
-    return entry.inkWidth <= room;
+    if (result.fitWidth < 0 && (room > entry.surelyFits || room < entry.surelyCut)) {
+        return room > entry.surelyFits;
+    }
+    return result.measuredWidth() <= room;
 }
 
-void TextCache::Private::cut(Entry & entry, Entry const & whole, FontSlot & slot,
+void TextCache::Private::cut(Entry & entry, Entry const & whole, FontWidths & slot,
                              std::string_view text)
 {
-    TextWidths widths(slot, text, entry.side);
+    TextWidths widths(slot, text, whole.result.textHeight, entry.side);
     TextFit const fit = fitText(whole.result.length, entry.room, slot.dotsInkWidth(), widths);
-    std::string_view const kept = widths.kept(fit.count);
     entry.result = whole.result;
     entry.result.fitCount = fit.count;
     entry.result.fitWidth = fit.width;
-    entry.line = TextLine(slot.font, latin1(kept));
+    entry.line = TextLine(slot.deviceFont(), latin1Text(widths.kept(fit.count)));
     entry.result.fitted = &entry.line;
 }
 
@@ -356,6 +291,14 @@ void TextCache::Private::clear()
     youngBytes = 0;
     slots.clear();
     lastSlot = nullptr;
+}
+
+int FittedText::measuredWidth() const
+{
+    if (fitWidth < 0) {
+        fitWidth = source->inkWidth(fitted->text());
+    }
+    return fitWidth;
 }
 
 TextCache::TextCache()
@@ -389,15 +332,20 @@ void TextCache::clear()
 FittedText const & TextCache::fit(QFont const & font, char const * text, int room, FitSide side)
 {
     std::string_view const bytes(text, std::min<std::size_t>(std::strlen(text), cellLimit));
-    FontSlot & slot = d->slotOf(font);
+    FontWidths & slot = d->slotOf(font);
     Probe probe{&slot, bytes, wholeText, FitSide::Front, hashOf(bytes)};
     bool isNew = false;
     Entry & whole = d->entryOf(probe, isNew);
     if (isNew) {
         d->measureWhole(whole, slot, bytes);
     }
-    if (d->fitsWhole(whole, slot, bytes, room)) {
+    if (d->fitsWhole(whole, bytes, room)) {
         return whole.result;
+    }
+    // Who asks again asks for the cut text. A long text would be kept for nothing.
+    whole.line.release();
+    if (bytes.size() > keptBytes) {
+        whole.line = TextLine();
     }
     // No text fits into less than nothing, whatever it is.
     probe.room = std::max(room, -1);

@@ -12,29 +12,40 @@ class QPaintDevice;
 
 namespace zenu {
 
+class FontWidths;
 class TextLine;
 
 // What is known of a text in a font and a span of pixels.
-struct FittedText
+struct ZENU_TEST_EXPORT FittedText
 {
     int length = 0;     // characters of the text
     int fullWidth = 0;  // of the whole text on a single line
     int textHeight = 0; // of the same
     int fitCount = 0;   // characters that fit, see fitText
-    int fitWidth = 0;   // what those measure
-    int dotsWidth = 0;  // of "..."
+    mutable int fitWidth =
+        -1;            // what those measure; of a whole text -1 until measuredWidth is asked
+    int dotsWidth = 0; // of "..."
 
     TextLine const * fitted = nullptr; // the characters that fit, never null; maybe empty
     TextLine const * dots = nullptr;   // "...", never null
 
     // The rest of the text is replaced by dots.
     bool isCut() const { return fitCount < length; }
+    // The width of the characters that fit. Painting needs it of cut texts only, so a text that
+    // clearly fits is measured here, at the first question.
+    int measuredWidth() const;
+
+private:
+    friend class TextCache;
+
+    FontWidths * source = nullptr; // measures it
 };
 
 // What the texts of one grid measure, so that a screen that was painted before measures and shapes
 // nothing again: painting, hit tests and best fit ask here. Knows the last 8192 to 16384 different
-// texts and spans. A lookup allocates nothing. It holds copies of fonts and compares by identity
-// first, so a font that its application changes is seen as another one.
+// texts and spans, fewer when they are long, in about 16 MB at most. A lookup allocates nothing. It
+// holds copies of fonts and compares by identity first, so a font that its application changes is
+// seen as another one.
 class ZENU_TEST_EXPORT TextCache
 {
 public:

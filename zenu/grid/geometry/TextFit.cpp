@@ -43,9 +43,11 @@ TextFit largestBelow(int above, int room, ITextWidths & widths)
 TextFit fitText(int length, int room, int dotsWidth, ITextWidths & widths)
 {
     int const start = std::max(0, length > room / 2 ? std::min(length, room / 2 + 1) : length);
-    int const startWidth = start > 0 ? widths.widthOf(start) : 0;
-    if (startWidth <= room) {
-        return {start, startWidth};
+    if (start == 0 || !widths.surelyExceeds(start, room)) {
+        int const startWidth = start > 0 ? widths.widthOf(start) : 0;
+        if (startWidth <= room) {
+            return {start, startWidth};
+        }
     }
     return largestBelow(start, room - dotsWidth, widths);
 }

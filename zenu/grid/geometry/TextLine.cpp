@@ -1,20 +1,145 @@
 #include "zenu/grid/geometry/TextLine.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 #include <QRect>
+#include <QTextLayout>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
 
 namespace zenu {
 
-TextLine::TextLine(QFont const & lineFont, QString const & lineText)
-    : font(lineFont)
-    , text(lineText)
+namespace {
+
+constexpr char16_t variantSeparator = u'\x9c';
+constexpr qreal endlessLine = 0x01000000; // what Qt gives a text that is not wrapped
+
+// White space that breaks lines or columns stands as a space in a single line.
+QString onOneLine(QString text)
 {
+    for (QChar & letter : text) {
+        if (letter == u'\n' || letter == u'\r' || letter == u'\t') {
+            letter = u' ';
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+TextLine::TextLine() = default;
+
+TextLine::TextLine(QFont const & lineFont, QString const & text)
+    : font(lineFont)
+    , lineText(text)
+    , hasVariants(text.contains(variantSeparator))
+{
+}
+
+TextLine::~TextLine() = default;
+
+TextLine::TextLine(TextLine && other) noexcept = default;
+
+TextLine & TextLine::operator=(TextLine && other) noexcept = default;
+
+QSize TextLine::size() const
+{
+    if (!shape()) {
+        return lineText.isEmpty() ? QSize(0, 0)
+                                  : QFontMetrics(font).size(Qt::TextSingleLine, lineText);
+    }
+    QTextLine const line = layout->lineAt(0);
+    return QSize(static_cast<int>(std::ceil(line.naturalTextWidth())),
+                 static_cast<int>(std::ceil(line.ascent() + line.descent())));
+}
+
+qreal TextLine::advance() const
+{
+    if (!shape()) {
+        return QFontMetricsF(font).horizontalAdvance(lineText);
+    }
+    QTextLine const line = layout->lineAt(0);
+    return std::max(line.horizontalAdvance(), line.naturalTextWidth());
+}
+
+void TextLine::release() const
+{
+    layout.reset();
 }
 
 void TextLine::draw(QPainter * painter, QRect const & rect, Qt::Alignment alignment) const
 {
-    if (!text.isEmpty() && rect.isValid()) {
-        painter->drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, text);
+    if (lineText.isEmpty() || !rect.isValid()) {
+        return;
+    }
+    if (!shape()) {
+        QFont const before = painter->font();
+        painter->setFont(font);
+        painter->drawText(
+            rect, static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextForceLeftToRight,
+            lineText);
+        painter->setFont(before);
+        return;
+    }
+    drawLine(painter, rect, alignment);
+}
+
+// False when there is nothing to shape, or only Qt can.
+bool TextLine::shape() const
+{
+    if (layout) {
+        return true;
+    }
+    if (lineText.isEmpty() || hasVariants) {
+        return false;
+    }
+    layout = std::make_unique<QTextLayout>(onOneLine(lineText), font);
+    QTextOption option;
+    option.setTextDirection(Qt::LeftToRight);
+    option.setAlignment(Qt::AlignLeft);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    QTextLine line = layout->createLine();
+    line.setLineWidth(endlessLine);
+    line.setPosition(QPointF(0, 0));
+    layout->endLayout();
+    return true;
+}
+
+// The steps of Qt's own text drawing, fractions of pixels included. It clips only a text that does
+// not fit, since glyphs may reach out of the room of a text that does.
+void TextLine::drawLine(QPainter * painter, QRect const & rect, Qt::Alignment alignment) const
+{
+    QTextLine const line = layout->lineAt(0);
+    qreal const width = line.naturalTextWidth();
+    qreal const height = line.ascent() + line.descent();
+    qreal yOffset = 0;
+    if (alignment & Qt::AlignBottom) {
+        yOffset = rect.height() - height;
+    } else if (alignment & Qt::AlignVCenter) {
+        yOffset = (rect.height() - height) / 2;
+    }
+    qreal xOffset = 0;
+    qreal boundsOffset = 0;
+    if (alignment & Qt::AlignRight) {
+        xOffset = rect.width() - line.horizontalAdvance();
+        boundsOffset = rect.width() - width;
+    } else if (alignment & Qt::AlignHCenter) {
+        xOffset = (rect.width() - line.horizontalAdvance()) / 2;
+        boundsOffset = (rect.width() - width) / 2;
+    }
+    QRectF const bounds(rect.x() + boundsOffset, rect.y() + yOffset, width, height);
+    bool const clipped = !QRectF(rect).contains(bounds);
+    if (clipped) {
+        painter->save();
+        painter->setClipRect(rect, Qt::IntersectClip);
+    }
+    line.draw(painter, QPointF(rect.x() + xOffset, rect.y() + yOffset));
+    if (clipped) {
+        painter->restore();
     }
 }
 

@@ -29,17 +29,42 @@ char const * const glyphsXpm[] = {
     "XXXXXXXXXXXXXXXXXXooooooooo.........",
 };
 
+// clang-format off
 char const * const leftArrowXpm[] = {
-    "12 11 2 1",    "  c None",     "X c #ff0000",  "     X      ", "    XX      ",
-    "   XXX      ", "  XXXX      ", " XXXXXXXXXXX", "XXXXXXXXXXXX", " XXXXXXXXXXX",
-    "  XXXX      ", "   XXX      ", "    XX      ", "     X      ",
+    "12 11 2 1",
+    "  c None",
+    "X c #ff0000",
+    "     X      ",
+    "    XX      ",
+    "   XXX      ",
+    "  XXXX      ",
+    " XXXXXXXXXXX",
+    "XXXXXXXXXXXX",
+    " XXXXXXXXXXX",
+    "  XXXX      ",
+    "   XXX      ",
+    "    XX      ",
+    "     X      ",
 };
 
 char const * const rightArrowXpm[] = {
-    "12 11 2 1",    "  c None",     "X c #ff0000",  "      X     ", "      XX    ",
-    "      XXX   ", "      XXXX  ", "XXXXXXXXXXX ", "XXXXXXXXXXXX", "XXXXXXXXXXX ",
-    "      XXXX  ", "      XXX   ", "      XX    ", "      X     ",
+    "12 11 2 1",
+    "  c None",
+    "X c #ff0000",
+    "      X     ",
+    "      XX    ",
+    "      XXX   ",
+    "      XXXX  ",
+    "XXXXXXXXXXX ",
+    "XXXXXXXXXXXX",
+    "XXXXXXXXXXX ",
+    "      XXXX  ",
+    "      XXX   ",
+    "      XX    ",
+    "      X     ",
 };
+
+// clang-format on
 
 std::optional<KGridImages::Member> memberOfList(int number)
 {
