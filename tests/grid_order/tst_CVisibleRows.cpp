@@ -15,6 +15,7 @@ private Q_SLOTS:
     void changes_areTakenUpByTheFirstReader_inOneRebuild();
     void order_isDepthFirst_throughExpandedRowsOnly();
     void order_holdsRowsOfAllClasses();
+    void getRows_givesAPart_cutAtTheEnds_inBothForms();
     void indices_areThePositions_andMinusOneElsewhere();
     void lastChild_isTheLastOfItsLevel_inDisplayOrder();
     void lastChildMark_outlivesLeavingTheOrder();
@@ -138,6 +139,23 @@ void tst_CVisibleRows::order_holdsRowsOfAllClasses()
     QCOMPARE(frame.order(), QStringLiteral("1 2 21 0 0 0 22"));
     QVERIFY(frame.IsLastChildAt(5));
     QVERIFY(!frame.IsLastChildAt(4));
+}
+
+void tst_CVisibleRows::getRows_givesAPart_cutAtTheEnds_inBothForms()
+{
+    TestFrame frame;
+    std::vector<IGCRow *> scratch;
+    QCOMPARE(frame.GetRows(0, 5, scratch).count(), 0);
+    frame.addRows(10);
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(frame.GetRows(0, INT_MAX, scratch).count(), 10);
+        QCOMPARE(frame.GetRows(-3, 2, scratch)[1], frame.GetRowAt(1));
+        QCOMPARE(frame.GetRows(8, 5, scratch).count(), 2);
+        QCOMPARE(frame.GetRows(8, 5, scratch)[0], frame.GetRowAt(8));
+        QCOMPARE(frame.GetRows(10, 5, scratch).count(), 0);
+        QCOMPARE(frame.GetRows(2, -5, scratch).count(), 0);
+        frame.SetRowHeight(frame.rootRows.at(0), 5);
+    }
 }
 
 void tst_CVisibleRows::indices_areThePositions_andMinusOneElsewhere()

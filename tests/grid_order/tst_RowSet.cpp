@@ -144,20 +144,21 @@ void tst_RowSet::walk_survivesChanges()
 
 void tst_RowSet::insertRange_isAsManyInserts_data()
 {
-    QTest::addColumn<int>("stride");
+    QTest::addColumn<long>("stride");
     QTest::addColumn<int>("count");
-    QTest::newRow("a few") << 40 << 5;
-    QTest::newRow("lonely rows") << 32 << 200000;
-    QTest::newRow("slim rows") << 40 << 200000;
-    QTest::newRow("ordinary rows") << 72 << 50000;
-    QTest::newRow("each address") << 8 << 20000;
-    QTest::newRow("a page apart") << (32 << 10) << 100;
-    QTest::newRow("a region apart") << (5 << 20) << 50;
+    QTest::newRow("a few") << 40L << 5;
+    QTest::newRow("lonely rows") << 32L << 200000;
+    QTest::newRow("slim rows") << 40L << 200000;
+    QTest::newRow("ordinary rows") << 72L << 50000;
+    QTest::newRow("each address") << 8L << 20000;
+    QTest::newRow("a page apart") << (32L << 10) << 100;
+    QTest::newRow("a region apart") << (5L << 20) << 50;
+    QTest::newRow("as far as heaps lie apart") << (1L << 45) << 2;
 }
 
 void tst_RowSet::insertRange_isAsManyInserts()
 {
-    QFETCH(int, stride);
+    QFETCH(long, stride);
     QFETCH(int, count);
     for (std::uintptr_t const start : {std::uintptr_t(8), std::uintptr_t(0x7f0000007ff8)}) {
         RowSet atOnce;

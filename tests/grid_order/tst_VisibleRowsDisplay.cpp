@@ -30,6 +30,7 @@ private Q_SLOTS:
     void telling_applicationChangesTheGrid_readerGetsTheNewOrder();
     void telling_applicationChangesTheGridEachTime_ends();
     void telling_applicationDeletesTheTopRow_noDeadRowIsShown();
+    void telling_applicationDeletesAllRows_nobodyIsToldOfARow();
     void shownCount_canBeStored();
 };
 
@@ -335,6 +336,23 @@ void tst_VisibleRowsDisplay::telling_applicationDeletesTheTopRow_noDeadRowIsShow
     QCOMPARE(count, frame.rootRows.count());
     QVERIFY(count < 30);
     QCOMPARE(frame.top(), frame.rootRows.at(0));
+}
+
+void tst_VisibleRowsDisplay::telling_applicationDeletesAllRows_nobodyIsToldOfARow()
+{
+    TestFrame frame;
+    frame.addRows(3);
+    frame.whenTold = [&](QString const & what) {
+        if (what == QStringLiteral("changing 0")) {
+            frame.remove(frame.rootRows.at(0));
+            frame.UpdateNow(); // another top row, told of later
+            while (!frame.rootRows.isEmpty()) {
+                frame.remove(frame.rootRows.at(0));
+            }
+        }
+    };
+    QCOMPARE(frame.GetCount(), 0);
+    QCOMPARE(frame.takeJournal(), QStringLiteral("changing 0, laid out, changed, laid out"));
 }
 
 void tst_VisibleRowsDisplay::shownCount_canBeStored()

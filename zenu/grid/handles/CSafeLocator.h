@@ -23,7 +23,7 @@ public:
     bool IsEmpty() const override { return rows.isEmpty(); }
     int GetCount() const override { return rows.count(); }
     void Clear() override { rows.clear(); }
-    void AddRange(RowSpan added) override;
+    void AddRange(RowSpan added) override { rows.insertAll(added); }
     void RemoveRange(RowSpan removed) override;
     std::size_t Bytes() const override { return rows.bytes(); }
 

@@ -1,9 +1,11 @@
 #include "zenu/grid/handles/RowSet.h"
 
 #include "zenu/grid/inner/SlabPool.h"
+#include "zenu/grid/rows/IGCRow.h"
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 namespace zenu {
@@ -11,6 +13,11 @@ namespace zenu {
 namespace {
 
 constexpr unsigned smallestList = 4;
+
+std::ptrdiff_t distance(IGCRow const * from, IGCRow const * to)
+{
+    return reinterpret_cast<std::byte const *>(to) - reinterpret_cast<std::byte const *>(from);
+}
 
 } // namespace
 
@@ -49,17 +56,42 @@ bool RowSet::insert(IGCRow const * row)
 void RowSet::insertRange(IGCRow const * first, std::size_t stride, int count)
 {
     Slot slot = slotOf(first);
-    auto const slotStride = static_cast<unsigned>(stride >> slotShift);
+    Slot const slotStride = stride >> slotShift;
     auto left = static_cast<unsigned>(std::max(count, 0));
     while (left != 0) {
         Region * const region = demandRegion(slot >> regionShift);
         unsigned const pageIndex = (slot >> pageShift) & (pagesOfRegion - 1);
         unsigned const place = slot & (slotsOfPage - 1);
-        unsigned const number = std::min(left, (slotsOfPage - 1 - place) / slotStride + 1);
-        rowCount += insertRun(region->pages[pageIndex], place, slotStride, number);
+        // More than one in the page means that the stride is small.
+        auto const number =
+            std::min(left, static_cast<unsigned>((slotsOfPage - 1 - place) / slotStride) + 1);
+        rowCount +=
+            insertRun(region->pages[pageIndex], place, static_cast<unsigned>(slotStride), number);
         region->pagesInUse |= std::uint64_t(1) << pageIndex;
         slot += static_cast<Slot>(number) * slotStride;
         left -= number;
+    }
+}
+
+// Rows that were made together mostly lie in runs of equal distances, whether in the block of a
+// slim level or fresh from the pool.
+void RowSet::insertAll(RowSpan rows)
+{
+    int const count = rows.count();
+    for (int i = 0; i < count;) {
+        int const first = i++;
+        std::ptrdiff_t const stride = i < count ? distance(rows[first], rows[i]) : 0;
+        if (stride <= 0) {
+            insert(rows[first]);
+            continue;
+        }
+        if (rows.areLonely()) {
+            i = count;
+        }
+        while (i < count && distance(rows[i - 1], rows[i]) == stride) {
+            ++i;
+        }
+        insertRange(rows[first], static_cast<std::size_t>(stride), i - first);
     }
 }
 
@@ -79,6 +111,7 @@ bool RowSet::erase(IGCRow const * row)
         if (region->pagesInUse == 0) {
             lastRegion = nullptr;
             lastKey = ~Slot(0);
+            delete region;
             entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(entryIndex(key)));
         }
     }
@@ -98,6 +131,7 @@ void RowSet::clear()
 {
     for (Entry const & entry : entries) {
         freePages(*entry.region);
+        delete entry.region;
     }
     entries.clear();
     entries.shrink_to_fit();
@@ -145,7 +179,7 @@ RowSet::Region * RowSet::findRegion(Slot key) const
         return nullptr;
     }
     lastKey = key;
-    lastRegion = entries[index].region.get();
+    lastRegion = entries[index].region;
     return lastRegion;
 }
 
@@ -155,7 +189,9 @@ RowSet::Region * RowSet::demandRegion(Slot key)
         return region;
     }
     auto const place = entries.begin() + static_cast<std::ptrdiff_t>(entryIndex(key));
-    lastRegion = entries.insert(place, {key, std::make_unique<Region>()})->region.get();
+    auto region = std::make_unique<Region>();
+    entries.insert(place, {key, region.get()});
+    lastRegion = region.release();
     lastKey = key;
     return lastRegion;
 }
@@ -232,7 +268,7 @@ unsigned RowSet::insertRun(Page & page, unsigned place, unsigned stride, unsigne
         }
         makeBitmap(page);
     }
-    unsigned const end = place + number * stride;
+    unsigned const end = place + (number - 1) * stride + 1;
     while (place < end) {
         std::uint64_t & word = page.bits[place / 64];
         unsigned const wordEnd = std::min((place / 64 + 1) * 64, end);

@@ -6,12 +6,12 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 namespace zenu {
 
 class IGCRow;
+class RowSpan;
 
 // An ordered set of row addresses that never looks at a row. A page of 32 KiB of addresses is one
 // bitmap of a bit per 8 bytes, or, while it holds few rows, a short sorted list; pages hang in
@@ -35,6 +35,8 @@ public:
     bool insert(IGCRow const * row);
     // `count` rows that lie `stride` bytes apart, a multiple of 8 above 0.
     void insertRange(IGCRow const * first, std::size_t stride, int count);
+    // Each of them; quickest when they lie in the order in which they were made.
+    void insertAll(RowSpan rows);
     // False when the row was not there.
     bool erase(IGCRow const * row);
     // Any value may be asked for.
@@ -92,8 +94,8 @@ private:
 
     struct Entry
     {
-        Slot key; // slot >> regionShift
-        std::unique_ptr<Region> region;
+        Slot key;        // slot >> regionShift
+        Region * region; // owned by the set; a plain pointer, so that entries move as bytes
     };
 
     static Slot slotOf(void const * row) { return reinterpret_cast<Slot>(row) >> slotShift; }

@@ -34,6 +34,8 @@ public:
     void MakeRoom(int more) { rows.makeRoom(more); }
     // Gives back the room that is left, but for a little.
     void Trim() { rows.trim(); }
+    // All of them; null when there are none.
+    IGCRow * const * GetRows() const { return rows.count() == 0 ? nullptr : &rows[0]; }
     int GetCapacity() const { return rows.capacity(); }
 
 private:

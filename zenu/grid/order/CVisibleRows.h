@@ -67,6 +67,10 @@ public:
     bool IsEmpty();
     // Null for a bad index.
     IGCRow * GetRowAt(int index);
+    // The rows of a part of the order, cut at its ends, for work on many at once. They stand in the
+    // order itself, or in `scratch` where the order keeps them otherwise; good until the next
+    // change.
+    RowSpan GetRows(int first, int count, std::vector<IGCRow *> & scratch);
     // -1 for a row out of the order and for null. The row is alive.
     int IndexOf(IGCRow const * row);
     // 0 for a bad index.
