@@ -9,9 +9,40 @@
 #include <QImage>
 #include <QRandomGenerator>
 
+#include <cstdlib>
+#include <new>
 #include <string>
 
 using namespace zenu;
+
+#if !defined(__SANITIZE_ADDRESS__)
+
+namespace {
+
+long long allocations = 0;
+
+} // namespace
+
+void * operator new(std::size_t size)
+{
+    ++allocations;
+    if (void * const memory = std::malloc(size > 0 ? size : 1)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void * memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void * memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+#endif
 
 class tst_TextCache : public zenutest::Test
 {
@@ -23,6 +54,7 @@ private Q_SLOTS:
     void fit_rightAligned_keepsTheLastCharacters();
     void fit_wholeText_measuredWidthIsThatOfItsCharacters();
     void fit_again_measuresNothing();
+    void fit_again_allocatesNothing();
     void fit_otherRoomThatTakesAll_measuresNothing();
     void fit_wideRoom_measuresOnce();
     void fit_cutText_needsFewMeasurements();
@@ -156,6 +188,24 @@ void tst_TextCache::fit_again_measuresNothing()
         }
         QCOMPARE(cache.measurements() > before, round == 0);
     }
+}
+
+void tst_TextCache::fit_again_allocatesNothing()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    QSKIP("Allocations are the sanitizer's");
+#else
+    TextCache cache;
+    QFont const font;
+    long long before = 0;
+    for (int round = 0; round < 2; ++round) {
+        before = allocations;
+        for (int room = 0; room < 100; ++room) {
+            cache.fit(font, "some text that is seen again", room, FitSide::Front);
+        }
+    }
+    QCOMPARE(allocations, before);
+#endif
 }
 
 void tst_TextCache::fit_otherRoomThatTakesAll_measuresNothing()

@@ -28,7 +28,7 @@ constexpr std::size_t generationEntries = 8192;
 constexpr std::size_t generationBytes = 8U << 20;
 constexpr std::size_t shapeBytes = 600;
 constexpr std::size_t bytesALetter = 32;
-constexpr std::size_t fontSlots = 64;
+constexpr std::size_t mostFonts = 64;
 // Of a longer text these first bytes and a hash of 128 bits tell it from others.
 constexpr std::size_t keptBytes = 1024;
 // What lies beyond, far outside of any screen, counts with the sum of its letters.
@@ -148,7 +148,7 @@ class TextCache::Private
 {
 public:
     Private();
-    FontWidths & slotOf(QFont const & font);
+    FontWidths & knownFont(QFont const & font);
     static std::size_t entryCost(Entry const & entry);
     Entry & entryOf(Probe const & probe, bool & isNew);
     void measureWhole(Entry & entry, FontWidths & slot, std::string_view text);
@@ -164,8 +164,8 @@ public:
     int dpiY = 0;
     qreal pixelRatio = 0;
     long long measurements = 0;
-    std::vector<std::unique_ptr<FontWidths>> slots;
-    FontWidths * lastSlot = nullptr;
+    std::vector<std::unique_ptr<FontWidths>> fonts;
+    FontWidths * lastFont = nullptr;
     Entries young;
     Entries old;
     std::size_t youngBytes = 0;
@@ -188,23 +188,23 @@ TextCache::Private::Private()
 }
 
 // Fonts are few, and mostly the one of the lookup before.
-FontWidths & TextCache::Private::slotOf(QFont const & font)
+FontWidths & TextCache::Private::knownFont(QFont const & font)
 {
-    if (lastSlot != nullptr && lastSlot->isCopyOf(font)) {
-        return *lastSlot;
+    if (lastFont != nullptr && lastFont->isCopyOf(font)) {
+        return *lastFont;
     }
-    for (std::unique_ptr<FontWidths> const & slot : slots) {
-        if (slot->isFor(font)) {
-            lastSlot = slot.get();
-            return *lastSlot;
+    for (std::unique_ptr<FontWidths> const & known : fonts) {
+        if (known->isFor(font)) {
+            lastFont = known.get();
+            return *lastFont;
         }
     }
-    if (slots.size() >= fontSlots) {
+    if (fonts.size() >= mostFonts) {
         clear();
     }
-    slots.push_back(std::make_unique<FontWidths>(font, device, measurements));
-    lastSlot = slots.back().get();
-    return *lastSlot;
+    fonts.push_back(std::make_unique<FontWidths>(font, device, measurements));
+    lastFont = fonts.back().get();
+    return *lastFont;
 }
 
 Entry & TextCache::Private::entryOf(Probe const & probe, bool & isNew)
@@ -289,8 +289,8 @@ void TextCache::Private::clear()
     young.clear();
     old.clear();
     youngBytes = 0;
-    slots.clear();
-    lastSlot = nullptr;
+    fonts.clear();
+    lastFont = nullptr;
 }
 
 int FittedText::measuredWidth() const
@@ -332,7 +332,7 @@ void TextCache::clear()
 FittedText const & TextCache::fit(QFont const & font, char const * text, int room, FitSide side)
 {
     std::string_view const bytes(text, std::min<std::size_t>(std::strlen(text), cellLimit));
-    FontWidths & slot = d->slotOf(font);
+    FontWidths & slot = d->knownFont(font);
     Probe probe{&slot, bytes, wholeText, FitSide::Front, hashOf(bytes)};
     bool isNew = false;
     Entry & whole = d->entryOf(probe, isNew);

@@ -42,9 +42,12 @@ TextFit largestBelow(int above, int room, ITextWidths & widths)
 
 TextFit fitText(int length, int room, int dotsWidth, ITextWidths & widths)
 {
-    int const start = std::max(0, length > room / 2 ? std::min(length, room / 2 + 1) : length);
-    if (start == 0 || !widths.surelyExceeds(start, room)) {
-        int const startWidth = start > 0 ? widths.widthOf(start) : 0;
+    if (room < 0 || length < 1) {
+        return {};
+    }
+    int const start = length > room / 2 ? std::min(length, room / 2 + 1) : length;
+    if (!widths.surelyExceeds(start, room)) {
+        int const startWidth = widths.widthOf(start);
         if (startWidth <= room) {
             return {start, startWidth};
         }
