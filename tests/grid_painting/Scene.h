@@ -235,6 +235,12 @@ inline void textAt(QPainter & painter, QRect const & rect, QColor const & color,
     painter.drawText(rect, Qt::AlignVCenter | Qt::TextSingleLine, QString::fromLatin1(text));
 }
 
+// The width of what is left of a text that does not fit, 0 for one that does.
+inline int cutWidth(CElementRects const & rects)
+{
+    return rects.fitted && rects.fitted->isCut() ? rects.fitted->fitWidth : 0;
+}
+
 // Where two pictures differ, empty when they are equal.
 inline QString difference(QImage const & actual, QImage const & expected)
 {

@@ -39,13 +39,13 @@ void drawByRule(QPainter & painter, CElementRects const & rects, QString const &
     if (format & 2) {
         painter.drawText(rects.textRect, Qt::TextSingleLine | Qt::AlignVCenter | Qt::AlignRight,
                          text.right(rects.fitCount));
-        dots.setRight(dots.right() - rects.fitWidth);
+        dots.setRight(dots.right() - cutWidth(rects));
     } else {
         painter.drawText(rects.textRect,
                          Qt::TextSingleLine | Qt::AlignVCenter |
                              (format & 4 ? Qt::AlignHCenter : Qt::AlignLeft),
                          text.left(rects.fitCount));
-        dots.setLeft(dots.left() + rects.fitWidth);
+        dots.setLeft(dots.left() + cutWidth(rects));
     }
     if (rects.fitCount < text.size()) {
         painter.drawText(dots,

@@ -136,8 +136,8 @@ void tst_DrawnSections::section()
             textAt(painter, rects.textRect, color(firstColor),
                    QByteArray(row->Text()).left(rects.fitCount).constData());
             if (rects.fitCount < 16) {
-                textAt(painter, rects.textRect.adjusted(rects.fitWidth, 0, 0, 0), color(firstColor),
-                       "...");
+                textAt(painter, rects.textRect.adjusted(cutWidth(rects), 0, 0, 0),
+                       color(firstColor), "...");
             }
         });
         COMPARE_PICTURES(scene.paint({row}, place), expected);

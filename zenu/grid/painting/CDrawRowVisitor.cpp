@@ -176,8 +176,7 @@ void CDrawRowVisitor::drawGround(CGCColumn const & column, DrawnCell const & cel
     QRect rect = cell.rects.cellRect;
     if (context.verticalLines) {
         // The column's last pixel stays free of the fill below, so that the half-tone shows there.
-        pass.dither(rect.right(), place.y, 1, place.height, context.colors[GCC_SEPARATOR],
-                    cell.background);
+        pass.dither(QRect(rect.right(), place.y, 1, place.height), context.colors[GCC_SEPARATOR]);
         rect.setRight(rect.right() - 1);
     }
     if (column.HasFlag(GCCF_FRAMED)) {
@@ -230,14 +229,13 @@ void CDrawRowVisitor::drawSeparators(QColor const & background)
 {
     int const lastLine = place.y + place.height - 1;
     if (context.horizontalLines) {
-        pass.dither(0, lastLine, context.contentsWidth, 1, context.colors[GCC_SEPARATOR],
-                    background);
+        pass.dither(QRect(0, lastLine, context.contentsWidth, 1), context.colors[GCC_SEPARATOR]);
     }
     // Framed columns show the focus by their frames.
     if (!context.anyFramedColumn && place.focused && context.hasFocus) {
         QColor const line = complement(background);
-        pass.dither(0, place.y, context.contentsWidth, 1, line, background);
-        pass.dither(0, lastLine, context.contentsWidth, 1, line, background);
+        pass.dither(QRect(0, place.y, context.contentsWidth, 1), line);
+        pass.dither(QRect(0, lastLine, context.contentsWidth, 1), line);
     }
 }
 

@@ -66,12 +66,16 @@ void PaintPass::fill(QRect const & rect, QColor const & color)
     }
 }
 
-void PaintPass::dither(int left, int top, int width, int height, QColor const & color,
-                       QColor const & background)
+void PaintPass::dither(QRect const & rect, QColor const & color)
 {
-    if (width > 0 && height > 0) {
-        painter->ditherRectangle(left, top, width, height, color, background);
+    if (!rect.isValid()) {
+        return;
     }
+    if (halfTone.style() == Qt::NoBrush || halfTone.color() != color) {
+        halfTone = QBrush(color, Qt::Dense4Pattern);
+    }
+    painter->fillRect(rect, QColor(Qt::white));
+    painter->fillRect(rect, halfTone);
 }
 
 void PaintPass::drawText(CElementRects const & rects, int alignment, QColor const & color,

@@ -5,6 +5,7 @@
 #include "zenu/grid/painting/RowPath.h"
 #include "zenu/overlay/KPainter.h"
 
+#include <QBrush>
 #include <QColor>
 #include <QFont>
 #include <QRect>
@@ -36,9 +37,9 @@ public:
     // Fills a rectangle; nothing when it has no size.
     void fill(QRect const & rect, QColor const & color);
 
-    // Fills a rectangle with a half-tone of the colour on white; nothing when it has no size.
-    void dither(int left, int top, int width, int height, QColor const & color,
-                QColor const & background);
+    // As KPainter::ditherRectangle, with a brush that is kept while the colour stays: a grid with
+    // lines draws one for each cell. Nothing for a rectangle without size.
+    void dither(QRect const & rect, QColor const & color);
 
     // Draws the text that was laid out in `rects`, in the colour and font, and dots for what was
     // cut off it. `alignment` is that of itemAlignment.
@@ -60,6 +61,7 @@ public:
 private:
     void select(QFont const & font, QColor const & color);
 
+    QBrush halfTone;
     QFont selectedFont;
     QColor selectedColor; // invalid: the painter's pen is not ours yet
 };
