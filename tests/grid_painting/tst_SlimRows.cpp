@@ -13,6 +13,7 @@ private Q_SLOTS:
     void selectedAndFocus_arePassedOn();
     void rowInfo_startsWithTheGridsDefaults();
     void rowInfo_isUsed();
+    void rowInfo_black_isBlack();
     void rowInfo_nullFont_isTheGrids();
     void rowInfo_flags_areThoseOfTheRow();
     void itemInfo_startsWithTheColorOfTheCell_data();
@@ -87,6 +88,18 @@ void tst_SlimRows::rowInfo_isUsed()
     Scene::setText(row, second, "Text");
     COMPARE_PICTURES(actual, ordinary.paint({row}));
     QCOMPARE(scene.application.released.GetFont(), &own);
+}
+
+// The record starts with colours, so what the application leaves in it is meant.
+void tst_SlimRows::rowInfo_black_isBlack()
+{
+    for (QColor const & black : {QColor(Qt::black), QColor()}) {
+        SlimScene scene;
+        scene.application.onRow = [&](GC_DRAWROWINFO & info) { info.bkColor = black; };
+        QImage const expected =
+            scene.draw([](KPainter & painter) { painter.fillRect(0, 0, 100, 20, Qt::black); });
+        COMPARE_PICTURES(scene.paint({scene.row}), expected);
+    }
 }
 
 void tst_SlimRows::rowInfo_nullFont_isTheGrids()
