@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QPaintEvent>
+
+#include <ctime>
+
+namespace bench {
+
+constexpr int windowWidth = 1600;
+constexpr int windowHeight = 1000;
+constexpr int rowHeight = 20; // of all, so that all show as many rows
+
+// A widget that counts what it paints, so that a frame is known to be in the backing store.
+template <typename Widget>
+class Counted : public Widget
+{
+public:
+    using Widget::Widget;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent * event) override
+    {
+        Widget::paintEvent(event);
+        ++paints;
+    }
+};
+
+// Lets the event loop turn until the widget has painted. False if it never does.
+template <typename Widget>
+bool frame(Counted<Widget> & widget)
+{
+    int const before = widget.paints;
+    for (int turn = 0; widget.paints == before; ++turn) {
+        if (turn == 100) {
+            return false;
+        }
+        QCoreApplication::processEvents();
+    }
+    return true;
+}
+
+// Lets the event loop turn until nothing is painted any more.
+template <typename Widget>
+void settle(Counted<Widget> & widget)
+{
+    int before = 0;
+    do {
+        before = widget.paints;
+        for (int turn = 0; turn < 3; ++turn) {
+            QCoreApplication::processEvents();
+        }
+    } while (widget.paints != before);
+}
+
+// Processor time of this thread, in seconds: what others do on the machine does not count, and
+// nothing that is measured here waits or uses a second thread.
+inline double now()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+} // namespace bench
