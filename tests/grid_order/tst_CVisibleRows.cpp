@@ -21,18 +21,10 @@ private Q_SLOTS:
     void lastChildMark_outlivesLeavingTheOrder();
     void sort_ordersEachLevel_andLeavesTheStoredOrder();
     void sort_whenNotSorted_isNotAsked();
-    void expandedShell_isLoadedByTheRebuild();
-    void expandedShell_underACollapsedRow_isLoadedToo();
-    void chainOfAMillionRows_isBuiltWithoutRecursion_data();
-    void chainOfAMillionRows_isBuiltWithoutRecursion();
-    void lonelyLevel_isFilledWithoutACallARow();
     void focus_followsTheRow();
     void focus_ofARowOutOfTheOrder_hasNoIndex();
     void focus_badIndex_clearsIt();
     void forget_ofTheFocusedRow_clearsTheFocus();
-    void rebuild_readersFindAnEmptyOrder_andStartNoOther();
-    void rebuild_heightSetFromWithin_isTakenUpByTheNext();
-    void deadRows_areNotLookedAt_untilTheRebuild();
 };
 
 void tst_CVisibleRows::emptyOrder_everyReader_answersQuietly()
@@ -231,80 +223,6 @@ void tst_CVisibleRows::sort_whenNotSorted_isNotAsked()
     QCOMPARE(frame.sortCalls, 0);
 }
 
-void tst_CVisibleRows::expandedShell_isLoadedByTheRebuild()
-{
-    TestFrame frame;
-    CGCSlimRow * const row = frame.addSlimRow(7);
-    row->CreateBlock(true, true, 2);
-    row->DropChildren();
-    frame.wrapper.subRowCount = 3;
-    QCOMPARE(frame.GetCount(), 4);
-    QCOMPARE(frame.wrapper.loads, 1);
-}
-
-void tst_CVisibleRows::expandedShell_underACollapsedRow_isLoadedToo()
-{
-    TestFrame frame;
-    IGCRow * const parent = frame.addRow(1);
-    CGCSlimRow * const row = frame.addSlimRow(2, parent);
-    row->CreateBlock(true, true, 2);
-    row->DropChildren();
-    frame.wrapper.subRowCount = 3;
-    frame.expand(parent, false);
-    QCOMPARE(frame.GetCount(), 1);
-    QCOMPARE(frame.wrapper.loads, 1);
-}
-
-void tst_CVisibleRows::chainOfAMillionRows_isBuiltWithoutRecursion_data()
-{
-    QTest::addColumn<bool>("sorted");
-    QTest::addColumn<bool>("hidden");
-    QTest::newRow("shown") << false << false;
-    QTest::newRow("shown and sorted") << true << false;
-    QTest::newRow("under a collapsed row") << false << true;
-}
-
-void tst_CVisibleRows::chainOfAMillionRows_isBuiltWithoutRecursion()
-{
-    QFETCH(bool, sorted);
-    QFETCH(bool, hidden);
-    constexpr int depth = 1000000;
-    TestFrame frame;
-    frame.sorted = sorted;
-    CGCSlimRow * const top = frame.addSlimRow(0);
-    CGCSlimRow * row = top;
-    for (int i = 1; i < depth; ++i) {
-        row->CreateBlock(false, true, 1);
-        row = static_cast<CGCSlimRow *>(row->GetChild(0));
-    }
-    frame.expand(top, !hidden);
-    QCOMPARE(frame.GetCount(), hidden ? 1 : depth);
-    QCOMPARE(frame.IndexOf(row), hidden ? -1 : depth - 1);
-    QVERIFY(frame.IsLastChild(row) != hidden);
-}
-
-void tst_CVisibleRows::lonelyLevel_isFilledWithoutACallARow()
-{
-    TestFrame frame;
-    CGCSlimRow * const row = frame.addSlimRow(7);
-    row->CreateBlock(true, true, 100000);
-    QCOMPARE(frame.GetCount(), 100001);
-    RowSpan const level = row->GetChildren(&frame.wrapper);
-    for (int i = 0; i < level.count(); i += 9999) {
-        QCOMPARE(frame.GetRowAt(i + 1), level[i]);
-        QCOMPARE(frame.IndexOf(level[i]), i + 1);
-        QCOMPARE(frame.IsLastChild(level[i]), i + 1 == level.count());
-    }
-    frame.SetTop(60000);
-    IGCRow * const top = frame.top();
-    frame.addRow(1, nullptr, GCI_FIRST);
-    QCOMPARE(frame.GetTopIndex(), 60001);
-    QCOMPARE(frame.top(), top);
-    frame.expand(row, false);
-    QCOMPARE(frame.GetCount(), 2);
-    QVERIFY(!level[99999]->IsVisible());
-}
-
 void tst_CVisibleRows::focus_followsTheRow()
 {
     TestFrame frame;
@@ -353,68 +271,6 @@ void tst_CVisibleRows::forget_ofTheFocusedRow_clearsTheFocus()
     frame.remove(frame.FocusedRow());
     QVERIFY(!frame.FocusedRow());
     QCOMPARE(frame.GetFocusedIndex(), -1);
-}
-
-void tst_CVisibleRows::rebuild_readersFindAnEmptyOrder_andStartNoOther()
-{
-    TestFrame frame;
-    frame.addRows(10);
-    frame.SetFocusedIndex(4);
-    IGCRow * const row = frame.GetRowAt(4);
-    frame.sorted = true;
-    frame.whileSorting = [&] {
-        QVERIFY(frame.IsRebuilding());
-        frame.Invalidate();
-        frame.UpdateNow();
-        QCOMPARE(frame.GetCount(), 0);
-        QVERIFY(!frame.GetRowAt(0));
-        QCOMPARE(frame.IndexOf(row), -1);
-        QCOMPARE(frame.GetFocusedIndex(), -1);
-        QCOMPARE(frame.GetShownCount(), 0);
-        QCOMPARE(frame.GetTopIndex(), 0);
-        QCOMPARE(frame.IndexFromY(30), -1);
-        QCOMPARE(frame.VisibleCountFrom(0), 0);
-        QVERIFY(!frame.FirstVisible());
-    };
-    frame.Invalidate();
-    QCOMPARE(frame.GetCount(), 10);
-    QCOMPARE(frame.sortCalls, 1);
-    QVERIFY(!frame.IsRebuilding());
-    QCOMPARE(frame.GetFocusedIndex(), 4);
-    frame.whileSorting = nullptr;
-}
-
-void tst_CVisibleRows::rebuild_heightSetFromWithin_isTakenUpByTheNext()
-{
-    TestFrame frame;
-    frame.addRows(3);
-    frame.sorted = true;
-    frame.whileSorting = [&] {
-        if (frame.sortCalls == 1) {
-            frame.SetRowHeight(frame.rootRows.at(1), 50);
-        }
-    };
-    QCOMPARE(frame.GetTotalHeight(), 90);
-    QCOMPARE(frame.GetTopOf(2), 70);
-    QCOMPARE(frame.sortCalls, 2);
-    QVERIFY(!frame.IsDirty());
-}
-
-void tst_CVisibleRows::deadRows_areNotLookedAt_untilTheRebuild()
-{
-    // Under the address sanitizer a look at one of them ends the program.
-    TestFrame frame;
-    frame.addRows(100);
-    frame.SetTop(40);
-    frame.SetFocusedIndex(50);
-    frame.FirstShown();
-    while (frame.rootRows.count() != 1) {
-        frame.remove(frame.rootRows.at(0));
-    }
-    QVERIFY(!frame.IsFocused(frame.rootRows.at(0)));
-    QCOMPARE(frame.GetRowHeight(frame.rootRows.at(0)), 20);
-    QVERIFY(!frame.NextShown(frame.rootRows.at(0)));
-    QCOMPARE(frame.order(), QStringLiteral("99"));
 }
 
 ZENU_TEST(tst_CVisibleRows)

@@ -28,6 +28,7 @@ bool CVisibleRows::Invalidate()
 {
     record->layoutDirty = true;
     record->heightsDirty = true;
+    ++record->changes.number;
     return true;
 }
 
@@ -133,7 +134,6 @@ void CVisibleRows::SetRowHeight(IGCRow const * row, int height)
 {
     if (row) {
         record->heights[row] = height;
-        record->heightsChanged = true;
         Invalidate();
     }
 }
@@ -141,7 +141,6 @@ void CVisibleRows::SetRowHeight(IGCRow const * row, int height)
 void CVisibleRows::ResetRowHeight(IGCRow const * row)
 {
     record->heights.erase(row);
-    record->heightsChanged = true;
     Invalidate();
 }
 
@@ -149,7 +148,6 @@ void CVisibleRows::ClearHeights()
 {
     if (!record->heights.empty()) {
         record->heights.clear();
-        record->heightsChanged = true;
         Invalidate();
     }
 }
@@ -161,6 +159,7 @@ bool CVisibleRows::HasExplicitHeights() const
 
 void CVisibleRows::Forget(IGCRow const * row)
 {
+    record->changes.deaths = true;
     if (record->focusRow == row) {
         record->focusRow = nullptr;
     }
@@ -174,6 +173,7 @@ void CVisibleRows::Forget(IGCRow const * row)
 
 void CVisibleRows::ForgetAll()
 {
+    record->changes.deaths = true;
     record->focusRow = nullptr;
     record->topRow = nullptr;
     record->heights.clear();

@@ -18,8 +18,9 @@ class ISlimGridCallbackWrapper;
 //
 // A writer only marks the order dirty; the first reader after it rebuilds, so a batch of insertions
 // costs one rebuild. Until then the order may hold rows that were deleted, and nothing looks into
-// it. While a rebuild runs, readers find the order empty and do not start another; the frame must
-// refuse changes of the tree meanwhile, see IsRebuilding.
+// it. While a rebuild runs, readers find the order empty and do not start another. The application
+// may change the tree when a slim row is loaded meanwhile, which costs another rebuild; when rows
+// are compared it must not delete any, since the sort goes on to compare them, see IsRebuilding.
 //
 // All positions are in contents coordinates, y of the first row 0. They are summed in 64 bits and
 // saturate where an int leaves: from 107,374,182 rows of 20 pixels on. Indices and scrolling by
@@ -135,7 +136,7 @@ private:
 
     void updateLayout();
     bool rebuild();
-    void fillOrder();
+    bool fillOrder();
     void computeHeights();
     void placeTop(int index);
     void tellOfRebuild(bool topRowChanged);

@@ -1,6 +1,5 @@
 #include "zenu/grid/order/CVisibleRows.h"
 
-#include "zenu/grid/order/OrderFill.h"
 #include "zenu/grid/order/VisibleRowsRecord.h"
 
 #include <QScopedValueRollback>
@@ -10,6 +9,7 @@ namespace zenu {
 namespace {
 
 constexpr int largestTellCount = 4;
+constexpr int largestFillCount = 4;
 
 } // namespace
 
@@ -62,7 +62,10 @@ bool CVisibleRows::rebuild()
         DropWalks();
         // The focused row is not scrolled back into view, wherever the change has put it: its old
         // index is gone before anything could tell whether it was on display.
-        fillOrder();
+        int filled = 1;
+        while (!fillOrder() && filled < largestFillCount) {
+            ++filled;
+        }
         if (record->order->GetCount() == 0) {
             record->topRow = nullptr;
             record->totalHeight = 0;
@@ -75,24 +78,26 @@ bool CVisibleRows::rebuild()
                 [=](auto const & rows) { return RowSearch::largestTopIndex(rows, pageHeight); });
             placeTop(std::min(record->topIndex, limit));
         }
-        record->layoutDirty = record->heightsChanged;
-        record->heightsDirty = record->heightsChanged;
+        bool const changed = record->changes.number != 0 || record->changes.deaths;
+        record->layoutDirty = changed;
+        record->heightsDirty = changed;
     }
     return record->order->GetCount() != 0 && record->topRow != oldTopRow;
 }
 
 // Puts the row that was on top, where it still is one, under topIndex. Whoever asks meanwhile sees
-// an empty order. Not the old one: its rows may be dead.
-void CVisibleRows::fillOrder()
+// an empty order. Not the old one: its rows may be dead. False, with an empty order, when a row
+// died meanwhile.
+bool CVisibleRows::fillOrder()
 {
     record->similar.Clear();
     record->various.Clear();
     record->shownCount = 0;
-    record->heightsChanged = false;
+    record->changes = {};
     bool const uniform = record->heights.empty();
     record->order = uniform ? static_cast<IRowsOrder *>(&record->various) : &record->similar;
 
-    OrderFill fill(this, record->wrapper);
+    OrderFill fill(this, record->wrapper, record->changes);
     int keptIndex = -1;
     if (uniform) {
         record->various.Trim();
@@ -106,6 +111,7 @@ void CVisibleRows::fillOrder()
     if (keptIndex >= 0) {
         record->topIndex = keptIndex;
     }
+    return !record->changes.deaths;
 }
 
 void CVisibleRows::computeHeights()

@@ -11,38 +11,13 @@ int OrderFill::FillRows(Form & form, IGCRow const * kept)
 {
     int keptIndex = -1;
     sorted = root->IsSorted();
-    pushLevel(form, root->GetChildren(wrapper));
-    while (!levels.empty()) {
-        Level & level = levels.back();
-        int const count = level.rows.count();
-        if (level.rows.areLonely() && count != 0) {
-            keptIndex = std::max(keptIndex, fillLonely(form, level.rows, kept));
-            popLevel();
-            continue;
-        }
-        RowSpan children;
-        while (level.next < count) {
-            IGCRow * const row = level.rows[level.next++];
-            int const index = form.GetCount();
-            row->SetVisibleIndex(static_cast<std::uint32_t>(index));
-            row->SetLastChild(level.next == count);
-            form.AddRow(row);
-            keptIndex = row == kept ? index : keptIndex;
-            children = row->GetChildren(wrapper);
-            if (children.count() == 0) {
-                continue;
-            }
-            if (row->IsExpanded()) {
-                break;
-            }
-            hideBranch(children);
-            children = RowSpan();
-        }
-        if (children.count() == 0) {
-            popLevel();
-        } else {
-            pushLevel(form, children);
-        }
+    pushLevel(form, root, root->GetChildren(wrapper));
+    while (!levels.empty() && !changes.deaths) {
+        keptIndex = std::max(keptIndex, fillLevel(form, kept));
+    }
+    if (changes.deaths) {
+        form.Clear();
+        return -1;
     }
     form.Trim();
     return keptIndex;
@@ -51,19 +26,36 @@ int OrderFill::FillRows(Form & form, IGCRow const * kept)
 template int OrderFill::FillRows(CSimilarRows &, IGCRow const *);
 template int OrderFill::FillRows(CVariousRows &, IGCRow const *);
 
+OrderFill::Level OrderFill::levelOf(IGCRowParent * parent, RowSpan rows) const
+{
+    return {parent, rows, changes.number};
+}
+
+// Rows may have come to a level in the tree, so that its array lies elsewhere; a sorted copy stays.
+// A row may then be missed or met twice; the change makes the order dirty, and the next rebuild
+// puts it right.
+void OrderFill::lookAgain(Level & level, bool inTree) const
+{
+    if (inTree) {
+        level.rows = level.parent->GetChildren(wrapper);
+        level.next = std::min(level.next, level.rows.count());
+    }
+    level.seenChanges = changes.number;
+}
+
 template <typename Form>
-void OrderFill::pushLevel(Form & form, RowSpan rows)
+void OrderFill::pushLevel(Form & form, IGCRowParent * parent, RowSpan rows)
 {
     form.MakeRoom(rows.count());
+    levels.push_back(levelOf(parent, rows));
     if (sorted) {
         std::vector<IGCRow *> & copy = copies.emplace_back(static_cast<std::size_t>(rows.count()));
         for (int i = 0; i < rows.count(); ++i) {
             copy[static_cast<std::size_t>(i)] = rows[i];
         }
         root->SortRows(copy);
-        rows = RowSpan(copy.data(), static_cast<int>(copy.size()));
+        levels.back().rows = RowSpan(copy.data(), static_cast<int>(copy.size()));
     }
-    levels.push_back({rows});
 }
 
 void OrderFill::popLevel()
@@ -72,6 +64,46 @@ void OrderFill::popLevel()
     if (sorted) {
         copies.pop_back();
     }
+}
+
+// Adds rows of the innermost level up to one whose children come next, or to its end.
+template <typename Form>
+int OrderFill::fillLevel(Form & form, IGCRow const * kept)
+{
+    Level & level = levels.back();
+    if (level.seenChanges != changes.number) {
+        lookAgain(level, !sorted);
+    }
+    if (level.rows.areLonely() && level.next < level.rows.count()) {
+        int const keptIndex = fillLonely(form, level.rows, kept);
+        popLevel();
+        return keptIndex;
+    }
+    int keptIndex = -1;
+    while (level.next < level.rows.count()) {
+        IGCRow * const row = level.rows[level.next++];
+        int const index = form.GetCount();
+        row->SetVisibleIndex(static_cast<std::uint32_t>(index));
+        row->SetLastChild(level.next == level.rows.count());
+        form.AddRow(row);
+        keptIndex = row == kept ? index : keptIndex;
+        RowSpan const children = row->GetChildren(wrapper);
+        if (children.count() != 0) {
+            if (changes.deaths) {
+                return -1;
+            }
+            if (row->IsExpanded()) {
+                pushLevel(form, row, children);
+                return keptIndex;
+            }
+            hideBranch(row, children);
+        }
+        if (changes.number != level.seenChanges || changes.deaths) {
+            return keptIndex;
+        }
+    }
+    popLevel();
+    return keptIndex;
 }
 
 template <typename Form>
@@ -90,23 +122,28 @@ int OrderFill::fillLonely(Form & form, RowSpan rows, IGCRow const * kept)
     return keptIndex;
 }
 
-void OrderFill::hideBranch(RowSpan rows)
+void OrderFill::hideBranch(IGCRowParent * parent, RowSpan rows)
 {
-    hiddenLevels.push_back({rows});
-    while (!hiddenLevels.empty()) {
+    hiddenLevels.push_back(levelOf(parent, rows));
+    while (!hiddenLevels.empty() && !changes.deaths) {
         Level & level = hiddenLevels.back();
+        if (level.seenChanges != changes.number) {
+            lookAgain(level, true);
+        }
         RowSpan children;
-        while (children.count() == 0 && level.next < level.rows.count()) {
-            IGCRow * const row = level.rows[level.next++];
+        IGCRow * row = nullptr;
+        while (children.count() == 0 && level.next < level.rows.count() &&
+               level.seenChanges == changes.number) {
+            row = level.rows[level.next++];
             row->ClearVisibleIndex();
             if (!level.rows.areLonely()) {
                 children = row->GetChildren(wrapper);
             }
         }
-        if (children.count() == 0) {
+        if (children.count() != 0) {
+            hiddenLevels.push_back(levelOf(row, children));
+        } else if (level.next == level.rows.count()) {
             hiddenLevels.pop_back();
-        } else {
-            hiddenLevels.push_back({children});
         }
     }
 }

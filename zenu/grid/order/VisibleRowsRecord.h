@@ -4,6 +4,7 @@
 #include "zenu/grid/order/CSimilarRows.h"
 #include "zenu/grid/order/CVariousRows.h"
 #include "zenu/grid/order/CVisibleRows.h"
+#include "zenu/grid/order/OrderFill.h"
 #include "zenu/grid/order/RowSearch.h"
 
 namespace zenu {
@@ -62,8 +63,8 @@ struct CVisibleRows::Record
     ISlimGridCallbackWrapper * wrapper;
     bool layoutDirty = false;
     bool heightsDirty = false;
-    bool heightsChanged = false; // by a call from within the rebuild
     bool rebuilding = false;
+    OrderFill::Changes changes; // by calls from within the rebuild
     bool telling = false;
     bool untoldRebuild = false;
     bool untoldTopRow = false;
