@@ -1,6 +1,7 @@
 #include "zenu/grid/KGridCtrl.h"
 
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 #include "zenu/grid/geometry/CElementRects.h"
 #include "zenu/header/KHeader.h"
 
@@ -69,8 +70,7 @@ tag_HCOLUMN * KGridCtrl::AddColumn(char const * text, int format, int width)
 
 tag_HCOLUMN * KGridCtrl::InsertColumn(int index, GC_COLUMN const * column)
 {
-    CGCColumn const * const inserted = column ? d->InsertColumn(index, column) : nullptr;
-    return inserted ? inserted->Handle() : GC_NOCOLUMN;
+    return column ? d->InsertColumn(index, column) : GC_NOCOLUMN;
 }
 
 tag_HCOLUMN * KGridCtrl::InsertColumn(int index, char const * text, int /*ignored*/, int width)
@@ -86,11 +86,7 @@ tag_HCOLUMN * KGridCtrl::InsertColumn(int index, char const * text, int /*ignore
 bool KGridCtrl::DeleteColumn(tag_HCOLUMN * column)
 {
     CGCColumn * const found = d->columns.find(column);
-    if (!found) {
-        return false;
-    }
-    d->DeleteColumn(found);
-    return true;
+    return found && d->DeleteColumn(found);
 }
 
 bool KGridCtrl::SetColumn(tag_HCOLUMN * column, GC_COLUMN const * record)
@@ -240,15 +236,16 @@ bool KGridCtrl::DeleteRow(tag_HROW * row)
 
 bool KGridCtrl::DeleteAllRows()
 {
-    d->DeleteAllRows();
+    if (!d->DeleteAllRows()) {
+        return false;
+    }
     update();
     return true;
 }
 
 bool KGridCtrl::Reset()
 {
-    d->Reset();
-    return true;
+    return d->Reset();
 }
 
 bool KGridCtrl::ResetSlimRow(tag_HROW * row)
@@ -363,7 +360,7 @@ bool KGridCtrl::SetRowHeight(tag_HROW * row, int height)
 
 bool KGridCtrl::GetRowRect(tag_HROW * row, QRect * rect) const
 {
-    IGCRow * const found = d->LocateRow(row);
+    IGCRow * const found = d->LocateSettled(row);
     if (!found || !rect) {
         return false;
     }
@@ -549,7 +546,7 @@ void KGridCtrl::SetTextCBProc(GC_TEXTPROC proc, unsigned long cbParam)
 
 bool KGridCtrl::GetItemRect(tag_HROW * row, tag_HCOLUMN * column, QRect * rect) const
 {
-    IGCRow * const found = d->LocateRow(row);
+    IGCRow * const found = d->LocateSettled(row);
     CGCColumn * const foundColumn = d->columns.find(column);
     if (!found || !foundColumn || !rect) {
         return false;
@@ -560,15 +557,13 @@ bool KGridCtrl::GetItemRect(tag_HROW * row, tag_HCOLUMN * column, QRect * rect) 
 
 bool KGridCtrl::GetItemEditorRect(tag_HROW * row, tag_HCOLUMN * column, QRect * rect) const
 {
-    IGCRow * const found = d->LocateRow(row);
+    IGCRow * const found = d->LocateSettled(row);
     CGCColumn * const foundColumn = d->columns.find(column);
     if (!found || !foundColumn || !rect) {
         return false;
     }
     CElementRects rects;
-    *rect = d->ElementRects(found, foundColumn, &rects)
-                ? rects.editorRect.translated(-d->ContentsOffset())
-                : QRect();
+    *rect = d->ElementRects(found, foundColumn, &rects) ? rects.editorRect : QRect();
     return true;
 }
 
@@ -603,11 +598,11 @@ bool KGridCtrl::HitTestEx(QPoint const & point, GC_HITTESTEXINFO * info) const
 
 void KGridCtrl::EnsureVisible(tag_HROW * row, tag_HCOLUMN * column)
 {
-    QPointer<KGridCtrl> const guard(this);
-    if (IGCRow * const found = d->LocateRow(row)) {
+    RowGuard const guard(d.get(), nullptr);
+    if (IGCRow * const found = d->LocateSettled(row)) {
         d->EnsureRowVisible(found);
     }
-    if (guard) {
+    if (guard.hasGrid()) {
         d->EnsureColumnVisible(d->columns.find(column));
     }
 }
@@ -640,14 +635,14 @@ void KGridCtrl::SelectRows(int count, tag_HROW ** rows)
 
 bool KGridCtrl::SetRowSel(tag_HROW * row, bool select)
 {
-    IGCRow * const found = d->LocateRow(row);
+    IGCRow * const found = d->LocateSettled(row);
     if (!found || d->shownColumns.empty()) {
         return false;
     }
-    QPointer<KGridCtrl> const guard(this);
+    RowGuard const guard(d.get(), found);
     if (select) {
         d->MoveFocus(d->IndexOf(found), d->ShownColumn(d->focusColumn) ? d->focusColumn : 0);
-        if (!guard || !d->LocateRow(row)) {
+        if (!guard.hasRow()) {
             return false;
         }
         d->AddToSelection({&found, 1});

@@ -2,6 +2,7 @@
 
 #include "zenu/ZenuExport.h"
 #include "zenu/grid/GridTypes.h"
+#include "zenu/grid/geometry/SaturatedInt.h"
 
 #include <string>
 
@@ -32,7 +33,8 @@ public:
     void SetText(char const * newText);
     bool HasFlag(GCColumnFlag flag) const { return (flags & flag) != 0; }
     bool IsHidden() const { return HasFlag(GCCF_HIDDEN); }
-    int Right() const { return left + width; }
+    // First pixel behind the column.
+    int Right() const { return saturatedSum(left, width); }
     tag_HCOLUMN * Handle() const;
 
     int id;        // value of the handle, never changes

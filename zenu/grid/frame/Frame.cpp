@@ -1,4 +1,5 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/handles/CFastLocator.h"
 #include "zenu/grid/handles/CSafeLocator.h"
@@ -9,6 +10,7 @@
 #include <QFontMetrics>
 
 #include <algorithm>
+#include <utility>
 
 namespace zenu {
 
@@ -27,8 +29,12 @@ KGridCtrl::PrivateData::PrivateData(KGridCtrl * owner, int gridId)
 KGridCtrl::PrivateData::~PrivateData()
 {
     destroying = true;
+    treeLocks = 0;
     DropWalks();
     DeleteAllRows();
+    for (RowWatch * watch = watches; watch; watch = watch->outer) {
+        watch->frame = nullptr;
+    }
     header->setNotification(nullptr);
     delete header;
 }
@@ -108,8 +114,11 @@ unsigned long KGridCtrl::PrivateData::SetExtendedStyle(unsigned long word)
     return old;
 }
 
-void KGridCtrl::PrivateData::Reset()
+bool KGridCtrl::PrivateData::Reset()
 {
+    if (IsTreeLocked()) {
+        return false;
+    }
     nextColumnId = 0;
     DeleteAllRows();
     DeleteAllColumns();
@@ -117,6 +126,7 @@ void KGridCtrl::PrivateData::Reset()
         images.clearLists();
     }
     grid->update();
+    return true;
 }
 
 void KGridCtrl::PrivateData::LookChanged()
@@ -131,6 +141,7 @@ void KGridCtrl::PrivateData::LookChanged()
     }
     PlaceHeader();
     grid->contentsSizeChanged();
+    LayOutBars();
     grid->update();
 }
 
@@ -162,23 +173,15 @@ void KGridCtrl::PrivateData::OnTopRowChanged()
     }
 }
 
-// Bars that show when needed come and go with the rows, and the page with them.
 void KGridCtrl::PrivateData::OnRowsLaidOut()
 {
-    QRect const before = ClientRect();
-    if (grid->getVScrollBarMode() == AsNeeded || grid->getHScrollBarMode() == AsNeeded) {
-        grid->contentsSizeChanged();
-    }
-    if (ClientRect() != before) {
-        PlaceHeader();
-        UpdateHorizontalBar();
-        if (!IsEmpty()) {
-            SetTop(GetTopIndex());
-        }
-    }
+    LayOutBars();
     UpdateVerticalBar();
     if (!paintsAll) {
         grid->update();
+    }
+    if (std::exchange(changedInRebuild, false)) {
+        Invalidate();
     }
 }
 

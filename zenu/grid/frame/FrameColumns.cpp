@@ -6,6 +6,7 @@
 #include "zenu/header/KHeader.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zenu {
 
@@ -38,12 +39,15 @@ int headerFormat(CGCColumn const & column)
 
 } // namespace
 
-CGCColumn * KGridCtrl::PrivateData::InsertColumn(int index, GC_COLUMN const * record)
+tag_HCOLUMN * KGridCtrl::PrivateData::InsertColumn(int index, GC_COLUMN const * record)
 {
+    if (IsTreeLocked()) {
+        return GC_NOCOLUMN;
+    }
     std::unique_ptr<CGCColumn> made =
         makeColumn(record->kind, static_cast<int>(nextColumnId), columns.count());
     if (!made) {
-        return nullptr;
+        return GC_NOCOLUMN;
     }
     ++nextColumnId;
     made->SetRecord(record);
@@ -55,13 +59,18 @@ CGCColumn * KGridCtrl::PrivateData::InsertColumn(int index, GC_COLUMN const * re
     }
     made->order = position;
     CGCColumn * const column = columns.add(std::move(made));
-    RebuildColumns();
+    tag_HCOLUMN * const handle = column->Handle();
+    // Before the layout, which may ask the application: the column's items are there by then.
     forEachOrdinaryRow(rootRows.span(), [=](CGCOrdinaryRow * row) { row->AddColumnItem(column); });
-    return column;
+    RebuildColumns();
+    return handle;
 }
 
-void KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
+bool KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
 {
+    if (IsTreeLocked()) {
+        return false;
+    }
     forEachOrdinaryRow(rootRows.span(),
                        [=](CGCOrdinaryRow * row) { row->RemoveColumnItem(column); });
     // By the order among all columns: with hidden ones in front another item goes. The next rebuild
@@ -73,7 +82,11 @@ void KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
         other->order -= other->order > column->order ? 1 : 0;
     }
     PlaceColumns();
+    PlaceHeader();
+    UpdateHorizontalBar();
     grid->update();
+    LayOutBars();
+    return true;
 }
 
 void KGridCtrl::PrivateData::DeleteAllColumns()
@@ -84,16 +97,18 @@ void KGridCtrl::PrivateData::DeleteAllColumns()
     focusColumn = -1;
     hScrollPos = 0;
     PlaceColumns();
+    PlaceHeader();
+    UpdateHorizontalBar();
+    LayOutBars();
 }
 
 void KGridCtrl::PrivateData::ShowColumn(CGCColumn * column, bool show)
 {
-    if (column->IsHidden() != show) {
+    if (column->IsHidden() != show || IsTreeLocked()) {
         return;
     }
     column->flags ^= GCCF_HIDDEN;
     RebuildColumns();
-    grid->update();
 }
 
 bool KGridCtrl::PrivateData::GetColumnOrder(tag_HCOLUMN ** handles, int count) const
@@ -109,7 +124,7 @@ bool KGridCtrl::PrivateData::GetColumnOrder(tag_HCOLUMN ** handles, int count) c
 
 bool KGridCtrl::PrivateData::SetColumnOrder(tag_HCOLUMN ** handles, int count)
 {
-    if (count != columns.count() || (count != 0 && !handles)) {
+    if (count != columns.count() || (count != 0 && !handles) || IsTreeLocked()) {
         return false;
     }
     for (int place = 0; place < count; ++place) {
@@ -118,7 +133,6 @@ bool KGridCtrl::PrivateData::SetColumnOrder(tag_HCOLUMN ** handles, int count)
         }
     }
     RebuildColumns();
-    grid->update();
     return true;
 }
 
@@ -189,11 +203,16 @@ void KGridCtrl::PrivateData::RebuildColumns()
     }
     if (contentsWidth - hScrollPos < clientRight) {
         hScrollPos = std::max(contentsWidth - clientRight, 0);
+        RowGuard const guard(this, nullptr);
         EnsureColumnVisible(ShownColumn(focusColumn));
+        if (!guard.hasGrid()) {
+            return;
+        }
     }
     PlaceHeader();
     UpdateHorizontalBar();
     grid->update();
+    LayOutBars();
 }
 
 void KGridCtrl::PrivateData::PlaceColumns()
@@ -228,18 +247,33 @@ void KGridCtrl::PrivateData::PlaceHeader()
         right = clientRight + hScrollPos;
     }
     QRect const wanted = header->getLayout(QRect(QPoint(0, 0), QPoint(right, 0)));
-    headerHeight = wanted.bottom() - wanted.top();
+    int const height = wanted.bottom() - wanted.top();
+    if (height != std::exchange(headerHeight, height) && !IsDirty() && !IsEmpty()) {
+        SetTop(GetTopIndex()); // the page below it is another one now
+    }
     header->applyGeometry(
         QRect(-hScrollPos, wanted.top(), wanted.right() - wanted.left(), headerHeight));
     header->update(true);
 }
 
+// Those that are not on display have nothing to repaint.
+void KGridCtrl::PrivateData::invalidateShownSections()
+{
+    if (IsDirty()) {
+        grid->update(); // what is on display is not known yet
+        return;
+    }
+    CInvalidateSection sections(this);
+    int const past = std::min(GetTopIndex() + GetShownCount(), GetCount());
+    for (int i = GetTopIndex(); i < past; ++i) {
+        GetRowAt(i)->Accept(&sections);
+    }
+}
+
 void KGridCtrl::PrivateData::storeWidth(CGCColumn * column, int width, bool updateHeader)
 {
-    CInvalidateSection sections(this);
-    RowSpan const rows = rootRows.span();
-    for (int i = 0; i < rows.count() && !header->isProportional(); ++i) {
-        rows[i]->Accept(&sections);
+    if (!header->isProportional()) {
+        invalidateShownSections();
     }
     QRect changed = ClientRect();
     changed.setLeft(column->left - hScrollPos);
@@ -252,6 +286,7 @@ void KGridCtrl::PrivateData::storeWidth(CGCColumn * column, int width, bool upda
     PlaceColumns();
     PlaceHeader();
     UpdateHorizontalBar();
+    LayOutBars();
 }
 
 // What has changed replaces all that the header's format held, so a new alignment takes the fixed
@@ -270,24 +305,44 @@ void KGridCtrl::PrivateData::updateHeaderFormat(CGCColumn const * column, GC_COL
     }
 }
 
+// The columns are laid out and the header is built anew; meanwhile the application may be asked.
+// Null when the column, or the grid, is gone after that.
+CGCColumn * KGridCtrl::PrivateData::changeKind(CGCColumn * column, int kind)
+{
+    CGCColumn * const before = column;
+    auto const place = std::ranges::find(shownColumns, before);
+    column = columns.replace(makeColumnFrom(kind, *before));
+    if (place != shownColumns.end()) {
+        *place = column;
+    }
+    forEachOrdinaryRow(rootRows.span(),
+                       [=](CGCOrdinaryRow * row) { row->ColumnKindChanged(column); });
+    tag_HCOLUMN * const handle = column->Handle();
+    RowGuard const guard(this, nullptr);
+    RebuildColumns();
+    return guard.hasGrid() ? columns.find(handle) : nullptr;
+}
+
 bool KGridCtrl::PrivateData::SetColumn(CGCColumn * column, GC_COLUMN const * record,
                                        bool updateHeader)
 {
     if ((record->mask & GCCM_WIDTH) && record->width != column->width) {
+        tag_HCOLUMN * const handle = column->Handle();
+        RowGuard const guard(this, nullptr);
         storeWidth(column, record->width, updateHeader);
-    }
-    if (record->mask & GCCM_KIND) {
-        if (static_cast<unsigned>(record->kind) >= GCCK_CHECKBOXWITHICON) {
+        column = guard.hasGrid() ? columns.find(handle) : nullptr;
+        if (!column) {
             return false;
         }
-        std::replace(shownColumns.begin(), shownColumns.end(), column,
-                     static_cast<CGCColumn *>(nullptr));
-        column = columns.replace(makeColumnFrom(record->kind, *column));
-        std::replace(shownColumns.begin(), shownColumns.end(), static_cast<CGCColumn *>(nullptr),
-                     column);
-        forEachOrdinaryRow(rootRows.span(),
-                           [=](CGCOrdinaryRow * row) { row->ColumnKindChanged(column); });
-        RebuildColumns();
+    }
+    if (record->mask & GCCM_KIND) {
+        if (static_cast<unsigned>(record->kind) >= GCCK_CHECKBOXWITHICON || IsTreeLocked()) {
+            return false;
+        }
+        column = changeKind(column, record->kind);
+        if (!column) {
+            return false;
+        }
     }
     if (record->mask & GCCM_TEXT) {
         header->setText(HeaderItemOf(column), record->text ? record->text : "");
@@ -328,9 +383,9 @@ bool KGridCtrl::PrivateData::onTrack(int item, int *)
     record.mask = GCCM_WIDTH;
     record.width = headerItem->getWH();
     tag_HCOLUMN * const handle = column->Handle();
-    SetColumn(column, &record, false);
     RowGuard const guard(this, nullptr);
-    if (notification) {
+    SetColumn(column, &record, false);
+    if (guard.hasGrid() && notification) {
         notification->OnColumnResized(handle, record.width);
     }
     if (guard.hasGrid()) {

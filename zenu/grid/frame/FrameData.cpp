@@ -68,6 +68,11 @@ bool KGridCtrl::PrivateData::GetRowRecord(IGCRow * row, GC_ROW * record, GC_SECT
     unsigned const state = RowState(row);
     int top = 0;
     if (record && (record->mask & GCRM_TOP) && (state & GCRS_VISIBLE)) {
+        RowGuard const guard(this, row);
+        UpdateNow();
+        if (!guard.hasRow()) {
+            return false;
+        }
         int const index = IndexOf(row);
         top = index >= 0 ? GetTopOf(index) : 0;
     }
@@ -105,7 +110,10 @@ void KGridCtrl::PrivateData::applyRequests(IGCRow * row, CSetRowData const & req
         TellSelectionChanged();
     }
     if (requests.focus && guard.hasRow() && focusColumn != -1) {
-        MoveFocus(IndexOf(row), focusColumn);
+        UpdateNow();
+        if (guard.hasRow()) {
+            MoveFocus(IndexOf(row), focusColumn);
+        }
     }
     if (requests.unfocus && guard.hasRow()) {
         ClearFocus();
@@ -123,6 +131,7 @@ void KGridCtrl::PrivateData::applyRequests(IGCRow * row, CSetRowData const & req
 
 char const * KGridCtrl::PrivateData::GetText(IGCRow * row, CGCColumn * column)
 {
+    TreeLock const lock(this);
     return textProc
                ? textProc(textParam, row->Handle(), column->Handle(), static_cast<long>(row->param))
                : nullptr;

@@ -1,6 +1,9 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include <algorithm>
+#include <unordered_set>
+
 namespace zenu {
 
 namespace {
@@ -13,17 +16,17 @@ bool isSameOrUnder(IGCRow const * row, IGCRow const * ancestor)
     return row == ancestor;
 }
 
-// A walk over the whole tree, parents first, that loads slim rows as it comes to them. The
-// application is called in between and may change the tree: then the walk looks up again, by
-// handle, which of its levels are still there.
-class LoadingWalk
+// A walk over the whole tree, parents first, that loads slim rows as it comes to them, and the list
+// of the rows that were changed on the way. The application is called in between and may change
+// the tree: rows that die leave the walk and the list.
+class LoadingWalk final : public RowWatch
 {
 public:
     explicit LoadingWalk(KGridCtrl::PrivateData * walkedFrame)
-        : frame(walkedFrame)
+        : RowWatch(walkedFrame)
         , version(walkedFrame->treeVersion)
     {
-        levels.push_back({nullptr, frame->GetChildren(nullptr), 0});
+        levels.push_back({nullptr, frame->GetChildren(nullptr)});
     }
 
     // The next row, null at the end.
@@ -35,61 +38,116 @@ public:
         while (!levels.empty()) {
             Level & level = levels.back();
             if (level.next < level.rows.count()) {
-                return level.rows[level.next++];
+                level.lastRow = level.rows[level.next++];
+                currentRow = level.lastRow;
+                return currentRow;
             }
             levels.pop_back();
         }
         return nullptr;
     }
 
-    // Goes on with the children of the row that next() gave.
-    void enter(IGCRow * row)
+    // The row that next() gave, null if it has died since.
+    IGCRow * current() const { return currentRow; }
+
+    // Goes on with the children of the current row.
+    void enter()
     {
-        RowSpan const children = row->GetChildren(frame->Wrapper());
+        RowSpan const children = currentRow->GetChildren(frame->Wrapper());
         if (children.count() != 0) {
-            levels.push_back({row->Handle(), children, 0});
+            levels.push_back({currentRow, children});
         }
     }
 
-    // After the application was called: the row that next() gave, null if it is gone.
-    IGCRow * lookUp(IGCRow * row)
+    void noteChanged()
     {
-        if (version == frame->treeVersion) {
-            return row;
-        }
-        interrupted = true;
-        return frame->LocateRow(row->Handle());
+        dropDead();
+        changed.push_back(currentRow);
     }
-
-    // The application changed the tree meanwhile: rows that were given out may be gone.
-    bool wasInterrupted() const { return interrupted; }
+    std::size_t changedCount() const { return changed.size(); }
+    // Null for a row that has died.
+    IGCRow * changedRow(std::size_t i) const
+    {
+        return dead.contains(changed[i]) ? nullptr : changed[i];
+    }
 
 private:
     struct Level
     {
-        tag_HROW * parent; // null: the root
+        IGCRow * parent; // null: the root
         RowSpan rows;
-        int next;
+        int next = 0;
+        IGCRow * lastRow = nullptr; // the row before next, null once it is dead
     };
 
-    void lookUpLevels()
+    void rowDies(IGCRow const * row) override
     {
-        version = frame->treeVersion;
         for (std::size_t i = 0; i < levels.size(); ++i) {
-            IGCRow * const parent = frame->LocateRow(levels[i].parent);
-            if (!parent && levels[i].parent) {
+            if (levels[i].parent && levels[i].parent == row) {
                 levels.resize(i);
-                return;
+                break;
             }
-            levels[i].rows =
-                parent ? parent->GetChildren(frame->Wrapper()) : frame->GetChildren(nullptr);
+            if (levels[i].lastRow == row) {
+                levels[i].lastRow = nullptr;
+                --levels[i].next;
+            }
+        }
+        currentRow = currentRow == row ? nullptr : currentRow;
+        if (!changed.empty()) {
+            dead.insert(row);
         }
     }
 
-    KGridCtrl::PrivateData * frame;
+    void allRowsDie() override
+    {
+        levels.clear();
+        changed.clear();
+        dead.clear();
+        currentRow = nullptr;
+    }
+
+    // Before a new row at the address of a dead one enters the list.
+    void dropDead()
+    {
+        if (!dead.empty()) {
+            std::erase_if(changed, [&](IGCRow const * row) { return dead.contains(row); });
+            dead.clear();
+        }
+    }
+
+    // Levels have moved, grown or shrunk.
+    void lookUpLevels()
+    {
+        version = frame->treeVersion;
+        for (Level & level : levels) {
+            level.rows = level.parent ? level.parent->GetChildren(frame->Wrapper())
+                                      : frame->GetChildren(nullptr);
+            level.next = std::min(level.next, level.rows.count());
+            if (level.lastRow) {
+                level.next = placeOf(level) + 1;
+            }
+        }
+    }
+
+    // Where the level's last row stands now, sought from its old place outwards.
+    static int placeOf(Level const & level)
+    {
+        int const count = level.rows.count();
+        for (int distance = 0; distance <= count; ++distance) {
+            for (int const at : {level.next - 1 - distance, level.next - 1 + distance}) {
+                if (at >= 0 && at < count && level.rows[at] == level.lastRow) {
+                    return at;
+                }
+            }
+        }
+        return level.next - 1;
+    }
+
     unsigned version;
-    bool interrupted = false;
+    IGCRow * currentRow = nullptr;
     std::vector<Level> levels;
+    std::vector<IGCRow *> changed;
+    std::unordered_set<IGCRow const *> dead; // rows of the list that are gone
 };
 
 } // namespace
@@ -99,21 +157,25 @@ void KGridCtrl::PrivateData::moveFocusOutOf(IGCRow * row)
 {
     if (row->IsExpanded() && FocusedRow() && focusColumn != -1 &&
         isSameOrUnder(FocusedRow(), row)) {
-        MoveFocus(IndexOf(row), focusColumn);
+        RowGuard const guard(this, row);
+        UpdateNow();
+        if (guard.hasRow()) {
+            MoveFocus(IndexOf(row), focusColumn);
+        }
     }
 }
 
 // Shows the children of a row that was opened at the display's bottom, and the row itself.
 void KGridCtrl::PrivateData::revealChildren(IGCRow * row)
 {
-    int const count = row->GetChildCount(Wrapper());
-    if (count == 0) {
-        return;
-    }
     RowGuard const guard(this, row);
-    EnsureRowVisible(row->GetChild(count - 1));
-    if (guard.hasRow()) {
-        EnsureRowVisible(row);
+    UpdateNow();
+    int const count = guard.hasRow() ? row->GetChildCount(Wrapper()) : 0;
+    if (count != 0) {
+        EnsureRowVisible(row->GetChild(count - 1));
+        if (guard.hasRow()) {
+            EnsureRowVisible(row);
+        }
     }
 }
 
@@ -123,13 +185,20 @@ void KGridCtrl::PrivateData::Expand(IGCRow * row, unsigned code)
     if (notification && !notification->OnExpanding(row->Handle())) {
         return;
     }
-    if (!guard.hasRow()) {
-        return;
+    if (guard.hasRow()) {
+        moveFocusOutOf(row);
     }
-    moveFocusOutOf(row);
-    if (!guard.hasRow()) {
-        return;
+    if (guard.hasRow()) {
+        expandOne(row, code);
     }
+    if (guard.hasGrid()) {
+        updateBelowRows();
+    }
+}
+
+void KGridCtrl::PrivateData::expandOne(IGCRow * row, unsigned code)
+{
+    RowGuard const guard(this, row);
     DropChildWalk(row);
     bool const wasExpanded = row->IsExpanded();
     bool changed = false;
@@ -138,32 +207,54 @@ void KGridCtrl::PrivateData::Expand(IGCRow * row, unsigned code)
     if (action == GCE_EXPAND || (action == GCE_TOGGLE && !wasExpanded)) {
         changed = action == GCE_TOGGLE || !wasExpanded;
         row->ExpandRow(Wrapper());
-        bool const reveal = (code & GCE_NOSCROLL) == 0 && changed;
-        bringIn = reveal && row->IsExpanded() && IndexOf(row) == GetLastShownIndex();
+        if (changed && (code & GCE_NOSCROLL) == 0) {
+            UpdateNow();
+            bringIn = guard.hasRow() && row->IsExpanded() && IndexOf(row) == GetLastShownIndex();
+        }
     } else if (action == GCE_COLLAPSE || action == GCE_TOGGLE) {
         changed = action == GCE_TOGGLE || wasExpanded;
         row->CollapseRow();
     }
-    if (changed) {
-        Invalidate();
-        if (bringIn) {
-            revealChildren(row);
-        }
-        if (guard.hasRow() && notification) {
-            notification->OnExpanded(row->Handle());
-        }
+    if (!changed || !guard.hasGrid()) {
+        return;
     }
-    if (guard.hasGrid()) {
-        updateBelowRows();
+    Invalidate();
+    if (bringIn) {
+        revealChildren(row);
+    }
+    if (guard.hasRow() && notification) {
+        notification->OnExpanded(row->Handle());
     }
 }
 
 // The bars follow, and the strip that a collapse uncovers is repainted.
 void KGridCtrl::PrivateData::updateBelowRows()
 {
+    RowGuard const guard(this, nullptr);
     grid->contentsSizeChanged();
-    int const total = GetTotalHeight();
-    grid->update(QRect(0, total, grid->width(), grid->height() - total));
+    if (guard.hasGrid()) {
+        int const total = GetTotalHeight();
+        grid->update(QRect(0, total, grid->width(), grid->height() - total));
+    }
+}
+
+// One row of a whole tree; false when the row, or the grid, is gone.
+bool KGridCtrl::PrivateData::expandInTree(IGCRow * row, bool expand, bool movesFocus)
+{
+    RowGuard const guard(this, row);
+    if (movesFocus) {
+        UpdateNow();
+        if (guard.hasRow()) {
+            MoveFocus(IndexOf(row), focusColumn);
+        }
+    }
+    if (guard.hasRow()) {
+        row->CollapseRow();
+        if (expand) {
+            row->ExpandRow(Wrapper());
+        }
+    }
+    return guard.hasRow();
 }
 
 void KGridCtrl::PrivateData::ExpandTree(unsigned code)
@@ -173,45 +264,31 @@ void KGridCtrl::PrivateData::ExpandTree(unsigned code)
     while (keep && keep->parent) {
         keep = keep->parent;
     }
-    RowGuard const guard(this, nullptr);
-    std::vector<IGCRow *> changed;
     LoadingWalk walk(this);
-    while (IGCRow * row = walk.next()) {
+    while (IGCRow * const row = walk.next()) {
         if (row->IsExpanded() != expand && row->HasChildren(Wrapper())) {
             bool const allowed = !notification || notification->OnExpanding(row->Handle());
-            if (!guard.hasGrid()) {
-                return;
-            }
-            row = walk.lookUp(row);
-            if (!row) {
-                continue;
-            }
-            if (allowed) {
-                if (row == keep && !expand && focusColumn != -1) {
-                    MoveFocus(IndexOf(row), focusColumn);
-                }
-                row->CollapseRow();
-                if (expand) {
-                    row->ExpandRow(Wrapper());
-                }
-                changed.push_back(row);
+            bool const movesFocus = row == keep && !expand && focusColumn != -1;
+            if (walk.current() && allowed && expandInTree(row, expand, movesFocus)) {
+                walk.noteChanged();
             }
         }
-        walk.enter(row);
+        if (!walk.hasGrid()) {
+            return;
+        }
+        if (walk.current()) {
+            walk.enter();
+        }
     }
-    if (changed.empty()) {
+    if (walk.changedCount() == 0) {
         return;
     }
     Invalidate();
-    unsigned const version = walk.wasInterrupted() ? treeVersion - 1 : treeVersion;
-    for (IGCRow * const row : changed) {
-        if (!notification) {
-            break;
-        }
-        if (version == treeVersion || LocateRow(row->Handle())) {
+    for (std::size_t i = 0; i < walk.changedCount() && notification; ++i) {
+        if (IGCRow * const row = walk.changedRow(i)) {
             notification->OnExpanded(row->Handle());
         }
-        if (!guard.hasGrid()) {
+        if (!walk.hasGrid()) {
             return;
         }
     }

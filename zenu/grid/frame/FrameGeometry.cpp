@@ -3,11 +3,23 @@
 #include "zenu/grid/geometry/CElementRects.h"
 #include "zenu/grid/geometry/CGetRowElementPos.h"
 #include "zenu/grid/geometry/HitElement.h"
+#include "zenu/grid/geometry/SaturatedInt.h"
 #include "zenu/grid/look/CDrawContext.h"
 
 #include <algorithm>
 
 namespace zenu {
+
+// Heights and positions may be any number; what leaves here can be added up.
+int KGridCtrl::PrivateData::ViewTopOf(int index)
+{
+    return cellCoordinate(PositionOf(index) - TopPosition() + headerHeight);
+}
+
+int KGridCtrl::PrivateData::ViewHeightAt(int index)
+{
+    return cellCoordinate(GetHeightAt(index));
+}
 
 QRect KGridCtrl::PrivateData::RowRect(IGCRow * row)
 {
@@ -16,8 +28,7 @@ QRect KGridCtrl::PrivateData::RowRect(IGCRow * row)
         return {};
     }
     QRect const client = ClientRect();
-    return {client.left(), GetTopOf(index) - ContentsOffset().y(), client.width(),
-            GetHeightAt(index)};
+    return {client.left(), ViewTopOf(index), client.width(), ViewHeightAt(index)};
 }
 
 // Right is left plus width: one pixel more than the column has, as edges of a rectangle go here.
@@ -27,11 +38,10 @@ QRect KGridCtrl::PrivateData::ItemRect(IGCRow * row, CGCColumn * column)
     if (index == -1) {
         return {};
     }
-    QPoint const offset = ContentsOffset();
-    int const top = GetTopOf(index) - offset.y();
+    int const top = ViewTopOf(index);
     QRect rect;
-    rect.setCoords(column->left - offset.x(), top, column->Right() - offset.x(),
-                   top + GetHeightAt(index) - 1);
+    rect.setCoords(column->left - hScrollPos, top, column->Right() - hScrollPos,
+                   top + ViewHeightAt(index) - 1);
     return rect;
 }
 
@@ -42,9 +52,10 @@ bool KGridCtrl::PrivateData::ElementRects(IGCRow * row, CGCColumn * column, CEle
         return false;
     }
     CDrawContext const context = DrawContext();
-    CGetRowElementPos visitor(context, false, column, GetTopOf(index), GetHeightAt(index));
+    CGetRowElementPos visitor(context, false, column, ViewTopOf(index), ViewHeightAt(index));
     row->Accept(&visitor);
     *rects = visitor.result();
+    rects->translate(-hScrollPos, 0);
     return true;
 }
 
@@ -63,14 +74,13 @@ KGridCtrl::PrivateData::Hit KGridCtrl::PrivateData::HitTest(QPoint const & point
     if (IsEmpty()) {
         return {};
     }
-    QPoint const offset = ContentsOffset();
-    long long const y = static_cast<long long>(point.y()) + offset.y();
-    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - offset.x() || y < 0 ||
-        y >= GetTotalHeight()) {
+    // A point above the rows is none of theirs; IndexAt answers so for one below them.
+    long long const y = TopPosition() + point.y() - headerHeight;
+    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - hScrollPos || y < 0) {
         return {};
     }
-    int const rowIndex = IndexFromY(static_cast<int>(y));
-    int const columnIndex = ShownColumnAt(point.x() + offset.x());
+    int const rowIndex = IndexAt(y);
+    int const columnIndex = ShownColumnAt(point.x() + hScrollPos);
     if (rowIndex == -1 || columnIndex == -1) {
         return {};
     }
@@ -83,7 +93,7 @@ unsigned KGridCtrl::PrivateData::HitElementAt(Hit const & hit, QPoint const & po
     if (!hit.row || !ElementRects(hit.row, hit.column, &rects)) {
         return GCEL_NONE;
     }
-    return hitElement(rects, point + ContentsOffset());
+    return hitElement(rects, point);
 }
 
 // While the order waits for its rebuild nothing is known of where a row is; the rebuild that the
@@ -133,8 +143,12 @@ int KGridCtrl::PrivateData::BestFit(CGCColumn * column)
     int const count = GetCount();
     int widest = 0;
     for (int i = 0; i < count; ++i) {
-        CGetRowElementPos visitor(context, false, column, 0, GetHeightAt(i));
-        GetRowAt(i)->Accept(&visitor);
+        IGCRow * const row = GetRowAt(i);
+        if (!row) {
+            break; // a callback of the application collapsed rows
+        }
+        CGetRowElementPos visitor(context, false, column, 0, ViewHeightAt(i));
+        row->Accept(&visitor);
         CElementRects const & rects = visitor.result();
         int const width = rects.leadRect.width() + rects.fullTextRect.width() +
                           rects.textRect.left() + 2 - column->left;

@@ -1,4 +1,5 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/look/CDrawContext.h"
 #include "zenu/grid/painting/CDrawRowVisitor.h"
@@ -14,6 +15,7 @@ namespace zenu {
 namespace {
 
 constexpr int largestPieceCount = 4; // of an exposed region that is painted piece by piece
+constexpr int patternSize = 8;       // pixels after which a half-tone repeats itself
 
 } // namespace
 
@@ -62,6 +64,10 @@ void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
     // Coordinates start at the top of the first row on display, not at that of the first row: far
     // down a long list the painter's fixed point numbers would overflow.
     painter.translate(-hScrollPos, headerHeight);
+    // Half-tones are anchored to the contents, so that those of pixels that were moved and those
+    // painted anew go together.
+    painter.setBrushOrigin(0, -static_cast<int>(TopPosition() % patternSize));
+    TreeLock const lock(this);
     if (slimCallback) {
         slimCallback->BeginPaint();
     }
@@ -87,9 +93,8 @@ void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed
     if (IsEmpty() || area.isEmpty()) {
         return;
     }
-    QPoint const offset = ContentsOffset();
-    int const firstColumn = std::max(ShownColumnAt(area.left() + offset.x()), 0);
-    int const lastColumn = ShownColumnAt(area.right() + offset.x());
+    int const firstColumn = std::max(ShownColumnAt(area.left() + hScrollPos), 0);
+    int const lastColumn = ShownColumnAt(area.right() + hScrollPos);
     int const pastColumn =
         lastColumn == -1 ? static_cast<int>(shownColumns.size()) : lastColumn + 1;
     std::span<CGCColumn * const> const painted =
@@ -97,21 +102,24 @@ void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed
             .subspan(static_cast<std::size_t>(firstColumn),
                      static_cast<std::size_t>(std::max(pastColumn - firstColumn, 0)));
 
-    int const topY = GetTopY();
-    int const first = std::max(IndexFromY(area.top() + offset.y()), 0);
-    int const bottom = IndexFromY(area.bottom() + offset.y());
+    long long const offset = TopPosition() - headerHeight;
+    int const first = std::max(IndexAt(area.top() + offset), 0);
+    int const bottom = IndexAt(area.bottom() + offset);
     int const pastShown = std::min(GetLastShownIndex() + 1, GetCount());
     int const past = bottom == -1 ? pastShown : std::min(bottom + 1, pastShown);
     PaintPass pass(painter, context, painted);
     for (int i = first; i < past; ++i) {
         IGCRow * const row = GetRowAt(i);
+        if (!row) {
+            break; // a callback of the application collapsed rows
+        }
         DrawnRow drawn;
         drawn.selected = selection.contains(row);
         drawn.firstRow = i == 0;
         drawn.lastChild = row->IsLastChild();
         drawn.focused = IsFocused(row);
-        drawn.y = GetTopOf(i) - topY;
-        drawn.height = GetHeightAt(i);
+        drawn.y = ViewTopOf(i) - headerHeight;
+        drawn.height = ViewHeightAt(i);
         CDrawRowVisitor visitor(pass, painted, drawn);
         row->Accept(&visitor);
     }
@@ -130,7 +138,7 @@ void KGridCtrl::PrivateData::paintAround(KPainter * painter, QRect const & expos
     int bottom = 0;
     if (!IsEmpty()) {
         int const last = std::min(GetLastShownIndex(), GetCount() - 1);
-        bottom = GetTopOf(last) + GetHeightAt(last) - GetTopY();
+        bottom = ViewTopOf(last) + ViewHeightAt(last) - headerHeight;
     }
     if (area.bottom() >= bottom) {
         QRect below = area;

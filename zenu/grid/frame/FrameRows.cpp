@@ -7,12 +7,46 @@
 
 namespace zenu {
 
+IGCRow * KGridCtrl::PrivateData::LocateSettled(tag_HROW * handle)
+{
+    if (!LocateRow(handle)) {
+        return nullptr;
+    }
+    RowGuard const guard(this, reinterpret_cast<IGCRow *>(handle));
+    UpdateNow();
+    return guard.hasRow() ? LocateRow(handle) : nullptr;
+}
+
+void KGridCtrl::PrivateData::tellRowDies(IGCRow const * row)
+{
+    for (RowWatch * watch = watches; watch; watch = watch->outer) {
+        watch->rowDies(row);
+    }
+}
+
+void KGridCtrl::PrivateData::tellAllRowsDie()
+{
+    for (RowWatch * watch = watches; watch; watch = watch->outer) {
+        watch->allRowsDie();
+    }
+}
+
 // The row enters the locator; where it hangs is the caller's matter.
 tag_HROW * KGridCtrl::PrivateData::enterRow(IGCRow * row)
 {
     DropAllRowsWalk();
+    dropOrphanHeight(row);
     locator->AddRow(row);
     return row->Handle();
+}
+
+// A row that could not be inserted leaves its height behind; no later row at its address shall have
+// it.
+void KGridCtrl::PrivateData::dropOrphanHeight(IGCRow const * row)
+{
+    if (hasOrphanHeights) {
+        ResetRowHeight(row);
+    }
 }
 
 bool KGridCtrl::PrivateData::InsertAtTop(std::vector<IGCRow *> const & rows, tag_HROW * after)
@@ -29,7 +63,7 @@ bool KGridCtrl::PrivateData::InsertAtTop(std::vector<IGCRow *> const & rows, tag
 tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 {
     IGCRow * const parent = record->parent == GC_ROOT ? nullptr : LocateRow(record->parent);
-    if (!parent && record->parent != GC_ROOT) {
+    if ((!parent && record->parent != GC_ROOT) || IsTreeLocked()) {
         return nullptr;
     }
     auto row = std::make_unique<CGCOrdinaryRow>(parent, columns);
@@ -60,7 +94,7 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 tag_HROW * KGridCtrl::PrivateData::InsertSection(char const * text, tag_HROW * after)
 {
     auto row = std::make_unique<CGCSection>(columns);
-    if (!InsertAtTop({row.get()}, after)) {
+    if (IsTreeLocked() || !InsertAtTop({row.get()}, after)) {
         return nullptr;
     }
     rootChildWalk.reset();
@@ -79,6 +113,9 @@ tag_HROW * KGridCtrl::PrivateData::InsertSection(char const * text, tag_HROW * a
 // caller's matter.
 void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
 {
+    if (watches) {
+        tellRowDies(row);
+    }
     DropChildWalk(row);
     Forget(row);
     row->DestroyItems(columns);
@@ -89,8 +126,8 @@ void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
 bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
 {
     IGCRow * const parent = row->parent;
-    if (parent && dynamic_cast<CGCSlimRow *>(parent)) {
-        return false; // only its parent's block owns it
+    if (IsTreeLocked() || (parent && dynamic_cast<CGCSlimRow *>(parent))) {
+        return false; // only its parent's block owns a slim child
     }
     std::vector<IGCRow *> const dying = collectSubtree(row, Wrapper());
     for (IGCRow * const each : dying) {
@@ -116,11 +153,15 @@ bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
     return true;
 }
 
-void KGridCtrl::PrivateData::DeleteAllRows()
+bool KGridCtrl::PrivateData::DeleteAllRows()
 {
+    if (IsTreeLocked()) {
+        return false;
+    }
     if (!destroying) {
         ClearFocus();
     }
+    tellAllRowsDie();
     DropWalks();
     ForgetAll();
     RowSpan const rows = rootRows.span();
@@ -132,9 +173,11 @@ void KGridCtrl::PrivateData::DeleteAllRows()
     rootRows.clear();
     selection.clear();
     locator->Clear();
+    hasOrphanHeights = false;
     if (!destroying) {
         Invalidate();
     }
+    return true;
 }
 
 } // namespace zenu

@@ -1,5 +1,6 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
+#include "zenu/grid/geometry/SaturatedInt.h"
 
 #include <QResizeEvent>
 #include <QScopedValueRollback>
@@ -29,11 +30,6 @@ void setBar(QScrollBar * bar, int maximum, int pageStep, int value)
     }
 }
 
-int saturated(long long value)
-{
-    return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX));
-}
-
 } // namespace
 
 // The bar counts pixels, though the grid scrolls by whole rows.
@@ -54,12 +50,33 @@ void KGridCtrl::PrivateData::UpdateHorizontalBar()
     setBar(grid->getHScrollBar(), std::max(contentsWidth - page - 1, 0), page, hScrollPos);
 }
 
+void KGridCtrl::PrivateData::LayOutBars()
+{
+    if (grid->getVScrollBarMode() != AsNeeded && grid->getHScrollBarMode() != AsNeeded) {
+        return;
+    }
+    QRect const before = ClientRect();
+    grid->contentsSizeChanged();
+    if (ClientRect() == before) {
+        return;
+    }
+    if (contentsWidth - hScrollPos < ClientRect().right()) {
+        hScrollPos = std::max(contentsWidth - ClientRect().right(), 0);
+        grid->update();
+    }
+    PlaceHeader();
+    UpdateHorizontalBar();
+    if (!IsEmpty()) {
+        SetTop(GetTopIndex());
+    }
+    UpdateVerticalBar();
+}
+
 // The last row on display that is whole.
 int KGridCtrl::PrivateData::lastWholeIndex()
 {
     int const last = GetLastShownIndex();
-    int const bottom = saturated(static_cast<long long>(GetTopOf(last)) + GetHeightAt(last));
-    bool const isCut = bottom > ClientRect().bottom() + GetTopY() - headerHeight;
+    bool const isCut = ViewTopOf(last) + ViewHeightAt(last) > ClientRect().bottom();
     return last > 0 && last < GetCount() && isCut ? last - 1 : last;
 }
 
@@ -95,15 +112,16 @@ int KGridCtrl::PrivateData::targetTop(int code, unsigned pos, int top)
 int KGridCtrl::PrivateData::targetLeft(int code, unsigned pos) const
 {
     QScrollBar const * const bar = grid->getHScrollBar();
+    long long const left = hScrollPos;
     switch (code) {
     case ScrollLineBack:
-        return hScrollPos - hScrollDelta;
+        return saturated(left - hScrollDelta);
     case ScrollPageBack:
         return hScrollPos - bar->pageStep();
     case ScrollPageForward:
-        return hScrollPos + bar->pageStep();
+        return saturated(left + bar->pageStep());
     case ScrollLineForward:
-        return hScrollPos + hScrollDelta;
+        return saturated(left + hScrollDelta);
     case ScrollToEnd:
         return bar->maximum() - bar->pageStep();
     case ScrollToPosition:
@@ -119,7 +137,8 @@ int KGridCtrl::PrivateData::targetLeft(int code, unsigned pos) const
 bool KGridCtrl::PrivateData::wouldScroll(int hCode, int vCode, int newLeft, int newTop)
 {
     bool const vertical = !IsEmpty() && newTop != GetTopIndex();
-    bool const horizontal = newLeft + ClientRect().right() <= contentsWidth;
+    long long const right = static_cast<long long>(newLeft) + ClientRect().right();
+    bool const horizontal = right <= contentsWidth;
     if (hCode == ScrollNothing) {
         return vCode != ScrollNothing && vertical;
     }
@@ -170,22 +189,19 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     }
     freeTextsLeaving(newTop);
     int const oldLast = GetLastShownIndex();
-    long long const oldY = GetTopY();
+    long long const oldY = TopPosition();
     SetTop(newTop);
     QRect const client = ClientRect();
     QRect const area(0, headerHeight, client.width(), client.bottom() + 1 - headerHeight);
-    long long const dy = oldY - GetTopY();
+    long long const dy = oldY - TopPosition();
     if (dy == 0) {
         grid->update(area);
     } else if (std::llabs(dy) < area.height()) {
         grid->scroll(0, static_cast<int>(dy), area);
         int const common = std::min(oldLast, GetLastShownIndex());
-        long long const below =
-            static_cast<long long>(GetTopOf(common)) + GetHeightAt(common) - ContentsOffset().y();
+        int const below = ViewTopOf(common) + ViewHeightAt(common);
         if (below <= client.bottom()) {
-            grid->update(
-                QRect(QPoint(0, static_cast<int>(std::max<long long>(below, headerHeight))),
-                      client.bottomRight()));
+            grid->update(QRect(QPoint(0, std::max(below, headerHeight)), client.bottomRight()));
         }
     } else {
         grid->update(area);
@@ -282,8 +298,7 @@ void KGridCtrl::PrivateData::Resized(QResizeEvent * event)
         } else {
             int const common = std::min(GetLastShownIndex(), top + count - 1);
             if (common >= 0 && common < GetCount()) {
-                int const below = saturated(static_cast<long long>(GetTopOf(common)) +
-                                            GetHeightAt(common) - ContentsOffset().y());
+                int const below = ViewTopOf(common) + ViewHeightAt(common);
                 grid->update(QRect(0, below, width + 1, height + 1));
             } else {
                 grid->update();

@@ -1,14 +1,24 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/rows/CGCSlimRow.h"
 
 #include <algorithm>
+#include <new>
 
 namespace zenu {
+
+namespace {
+
+// An application that says that a row has more children than this means something else.
+constexpr int largestLevel = 1 << 28;
+
+} // namespace
 
 void KSlimGridCallbackWrapper::GetRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row)
 {
     if (ISlimGridCallback * const callback = frame->slimCallback) {
+        TreeLock const lock(frame);
         callback->GetRowDrawInfo(info, row->Handle(), static_cast<long>(row->param),
                                  frame->selection.contains(row));
     }
@@ -17,6 +27,7 @@ void KSlimGridCallbackWrapper::GetRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * ro
 void KSlimGridCallbackWrapper::ReleaseRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row)
 {
     if (ISlimGridCallback * const callback = frame->slimCallback) {
+        TreeLock const lock(frame);
         callback->ReleaseRowDrawInfo(info, row->Handle(), static_cast<long>(row->param));
     }
 }
@@ -25,6 +36,7 @@ void KSlimGridCallbackWrapper::GetItemDrawInfo(GC_DRAWITEMINFO * info, IGCRow * 
                                                CGCColumn * column, bool selected, bool focusCell)
 {
     if (ISlimGridCallback * const callback = frame->slimCallback) {
+        TreeLock const lock(frame);
         callback->GetItemDrawInfo(info, row->Handle(), static_cast<long>(row->param),
                                   column->Handle(), column->width / 2, selected, focusCell);
     }
@@ -32,6 +44,7 @@ void KSlimGridCallbackWrapper::GetItemDrawInfo(GC_DRAWITEMINFO * info, IGCRow * 
 
 char const * KSlimGridCallbackWrapper::GetItemText(IGCRow * row, CGCColumn * column)
 {
+    TreeLock const lock(frame);
     ISlimGridCallback * const callback = frame->slimCallback;
     return callback ? callback->GetItemText(row->Handle(), static_cast<long>(row->param),
                                             column->Handle())
@@ -55,6 +68,7 @@ void KSlimGridCallbackWrapper::SetItemCheck(IGCRow * row, CGCColumn * column, bo
 
 int KSlimGridCallbackWrapper::IsItemChecked(IGCRow * row, CGCColumn * column)
 {
+    TreeLock const lock(frame);
     ISlimGridCallback * const callback = frame->slimCallback;
     return callback ? callback->IsItemChecked(row->Handle(), static_cast<long>(row->param),
                                               column->Handle())
@@ -63,14 +77,23 @@ int KSlimGridCallbackWrapper::IsItemChecked(IGCRow * row, CGCColumn * column)
 
 bool KSlimGridCallbackWrapper::HasSubRows(IGCRow * row)
 {
+    TreeLock const lock(frame);
     ISlimGridCallback * const callback = frame->slimCallback;
     return callback && callback->HasSubRows(row->Handle(), static_cast<long>(row->param));
 }
 
+// A row whose children are being asked for has none yet, should the application ask back.
 int KSlimGridCallbackWrapper::GetSubRowCount(IGCRow * row)
 {
+    TreeLock const lock(frame);
     ISlimGridCallback * const callback = frame->slimCallback;
-    return callback ? callback->GetSubRowCount(row->Handle(), static_cast<long>(row->param)) : 0;
+    if (!callback || std::ranges::find(frame->loading, row) != frame->loading.end()) {
+        return 0;
+    }
+    frame->loading.push_back(row);
+    int const count = callback->GetSubRowCount(row->Handle(), static_cast<long>(row->param));
+    frame->loading.pop_back();
+    return count <= largestLevel ? count : 0;
 }
 
 void KSlimGridCallbackWrapper::LoadSubRows(CGCSlimRow * row, bool expanded, int count)
@@ -88,11 +111,18 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
     if (count < 1 || !slimCallback) {
         return;
     }
-    auto const size = static_cast<std::size_t>(count);
-    std::vector<GC_SLIMROWDATA> records(size);
-    slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count, records.data());
-    bool const lonely = std::ranges::none_of(
-        records, [](GC_SLIMROWDATA const & record) { return record.hasChildren != 0; });
+    TreeLock const lock(this);
+    std::unique_ptr<GC_SLIMROWDATA[]> const records(
+        new (std::nothrow) GC_SLIMROWDATA[static_cast<std::size_t>(count)]);
+    if (!records) {
+        return;
+    }
+    loading.push_back(row);
+    slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count, records.get());
+    loading.pop_back();
+    bool const lonely =
+        std::none_of(records.get(), records.get() + count,
+                     [](GC_SLIMROWDATA const & record) { return record.hasChildren != 0; });
     CGCSlimRow::CSubRows * const block = row->CreateBlock(lonely, expanded, count);
     if (!block) {
         return;
@@ -105,13 +135,14 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
         IGCRow * const child = rows[i];
         record.row = child->Handle();
         child->param = static_cast<unsigned long>(record.param);
+        dropOrphanHeight(child);
         if (record.height != -1) {
             SetRowHeight(child, record.height);
         }
     }
     if (slimCallback) {
         slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
-                                       records.data());
+                                       records.get());
     }
 }
 
@@ -119,7 +150,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
 {
     IGCRow * const parent = record->parent == GC_ROOT ? nullptr : LocateRow(record->parent);
     if ((!parent && record->parent != GC_ROOT) || record->count < 0 ||
-        (record->count > 0 && !record->rows)) {
+        (record->count > 0 && !record->rows) || IsTreeLocked()) {
         return false;
     }
     std::span<GC_SLIMROWDATA> const records(record->rows, static_cast<std::size_t>(record->count));
@@ -134,6 +165,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
             row = new CGCLonelySlimRow(parent);
         }
         row->param = static_cast<unsigned long>(data.param);
+        dropOrphanHeight(row);
         locator->AddRow(row);
         if (data.height != -1) {
             SetRowHeight(row, data.height);
@@ -148,7 +180,9 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
         for (std::size_t i = 0; i < rows.size(); ++i) {
             records[i].row = nullptr;
             locator->RemoveRow(rows[i]);
-            Forget(rows[i]);
+            // Heights stay behind: the order keeps the form that bears them. Nothing else of the
+            // row does.
+            hasOrphanHeights = hasOrphanHeights || records[i].height != -1;
             delete rows[i];
         }
         return false;
@@ -170,7 +204,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
 bool KGridCtrl::PrivateData::ResetSlimRow(IGCRow * row)
 {
     auto * const slim = dynamic_cast<CGCSlimRow *>(row);
-    if (!slim) {
+    if (!slim || IsTreeLocked()) {
         return false;
     }
     resetSubRows(slim);
@@ -224,6 +258,9 @@ void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
             if (IsFocused(child)) {
                 ClearFocus();
             }
+            if (watches) {
+                tellRowDies(child);
+            }
             Forget(child);
             DropAllRowsWalk();
             locator->RemoveRow(child);
@@ -231,15 +268,22 @@ void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
             ++level.next;
             continue;
         }
+        Invalidate();
         if (slimCallback) {
+            RowGuard const guard(this, nullptr);
+            ++treeLocks;
             slimCallback->OnSubRowsDeleted(level.row->Handle(), static_cast<long>(level.row->param),
                                            level.children.count(),
                                            level.records.empty() ? nullptr : level.records.data());
+            if (!guard.hasGrid()) {
+                return;
+            }
+            --treeLocks;
         }
         level.row->DropChildren();
+        Invalidate(); // also what was read meanwhile
         levels.pop_back();
     }
-    Invalidate();
 }
 
 } // namespace zenu

@@ -124,10 +124,12 @@ void KGridCtrl::PrivateData::SortRows(std::vector<IGCRow *> & rows)
             sortByText(rows, column);
         }
     } else if (sortCompare) {
-        stableSort(rows.data(), rows.size(), [this](IGCRow const * a, IGCRow const * b) {
-            return sortCompare(static_cast<unsigned long>(sortParam), a->Handle(),
-                               static_cast<long>(a->param), b->Handle(),
-                               static_cast<long>(b->param)) < 0;
+        // Copies: the comparison may set another one.
+        GC_COMPAREPROC const compare = sortCompare;
+        auto const compareParam = static_cast<unsigned long>(sortParam);
+        stableSort(rows.data(), rows.size(), [=](IGCRow const * a, IGCRow const * b) {
+            return compare(compareParam, a->Handle(), static_cast<long>(a->param), b->Handle(),
+                           static_cast<long>(b->param)) < 0;
         });
     }
 }

@@ -34,6 +34,8 @@ class CGCSlimRow;
 class CSetRowData;
 class KHeader;
 class KPainter;
+class RowWatch;
+class TreeLock;
 struct CDrawContext;
 struct CElementRects;
 
@@ -95,16 +97,16 @@ public:
     void SetImages(int list, QPixmap const & strip, QSize const & size, int count, bool useMask);
     QColor SwapColor(int number, QColor const & color);
     unsigned long SetExtendedStyle(unsigned long word);
-    void Reset();
+    bool Reset();
     // Drops what was measured and brings the layout up to date after a change of font or style.
     void LookChanged();
     bool HasStyle(GCStyle bit) const { return (style & bit) != 0; }
     ISlimGridCallbackWrapper * Wrapper() { return &slimWrapper; }
 
     // Columns and header: FrameColumns.cpp
-    CGCColumn * InsertColumn(int index, GC_COLUMN const * record);
+    tag_HCOLUMN * InsertColumn(int index, GC_COLUMN const * record);
     bool SetColumn(CGCColumn * column, GC_COLUMN const * record, bool updateHeader);
-    void DeleteColumn(CGCColumn * column);
+    bool DeleteColumn(CGCColumn * column);
     void DeleteAllColumns();
     void ShowColumn(CGCColumn * column, bool show);
     bool GetColumnOrder(tag_HCOLUMN ** handles, int count) const;
@@ -121,12 +123,19 @@ public:
     void Sort(GC_SORT const * sort);
 
     // Rows: FrameRows.cpp
+    // LocateRow for an operation that goes on to read the visible order: that is up to date then,
+    // and what the application did when told of it has been looked at. Null when the row is gone.
+    IGCRow * LocateSettled(tag_HROW * handle);
     tag_HROW * InsertRow(GC_ROW * record, tag_HROW * after);
     tag_HROW * InsertSection(char const * text, tag_HROW * after);
     bool InsertAtTop(std::vector<IGCRow *> const & rows, tag_HROW * after);
     bool DeleteRow(IGCRow * row);
-    void DeleteAllRows();
+    // False while nothing may go.
+    bool DeleteAllRows();
     void ForgetRow(IGCRow * row);
+    // Rows and columns can neither come nor go now: someone walks over them and asks the
+    // application on the way.
+    bool IsTreeLocked() const { return treeLocks != 0 || IsRebuilding(); }
 
     // Expansion: FrameExpand.cpp
     void Expand(IGCRow * row, unsigned code);
@@ -167,6 +176,8 @@ public:
     bool ScrollTo(int newLeft, int newTop);
     void UpdateVerticalBar();
     void UpdateHorizontalBar();
+    // Bars that show when needed come and go with the contents, and the page with them.
+    void LayOutBars();
     void EnsureRowVisible(IGCRow * row);
     void EnsureColumnVisible(CGCColumn * column);
     void Resized(QResizeEvent * event);
@@ -175,11 +186,13 @@ public:
 
     // Geometry: FrameGeometry.cpp
     QRect ClientRect() const { return grid->getClientRect(); }
-    // What widget coordinates lack to contents coordinates.
-    QPoint ContentsOffset() { return {hScrollPos, GetTopY() - headerHeight}; }
+    // In widget coordinates, of a row by its visible index.
+    int ViewTopOf(int index);
+    int ViewHeightAt(int index);
     // Null for a row that is not in the visible order.
     QRect RowRect(IGCRow * row);
     QRect ItemRect(IGCRow * row, CGCColumn * column);
+    // In widget coordinates.
     bool ElementRects(IGCRow * row, CGCColumn * column, CElementRects * rects);
     struct Hit
     {
@@ -198,6 +211,13 @@ public:
     // Painting: FramePaint.cpp
     void Paint(QRegion const & exposed);
     CDrawContext DrawContext();
+
+    // From within a rebuild, whose callbacks may expand and sort: the next one takes it up.
+    void Invalidate()
+    {
+        changedInRebuild = IsRebuilding();
+        CVisibleRows::Invalidate();
+    }
 
     // IGCRowParent and the slots of the visible rows
     int GetChildCount(ISlimGridCallbackWrapper * wrapper) override;
@@ -242,6 +262,10 @@ public:
     bool shown = true; // between showEvent and hideEvent
     bool destroying = false;
     unsigned treeVersion = 0; // another one after each row that comes or goes
+    bool changedInRebuild = false;
+    int treeLocks = 0;
+    RowWatch * watches = nullptr;  // on the stack, the last one first
+    bool hasOrphanHeights = false; // of rows that could not be inserted
     bool inPaint = false;
     bool paintsAll = false;    // the paint that runs covers the whole widget
     bool updatingBars = false; // what the bars say now is not a gesture
@@ -266,15 +290,23 @@ public:
     std::unique_ptr<ChildWalk> rootChildWalk;
     std::unordered_map<IGCRow *, ChildWalk> childWalks;
     std::unique_ptr<IRowLocator> locator;
+    std::vector<IGCRow const *> loading; // the slim rows whose children are being asked for
 
 private:
+    void tellRowDies(IGCRow const * row);
+    void tellAllRowsDie();
+    void invalidateShownSections();
     tag_HROW * enterRow(IGCRow * row);
+    void dropOrphanHeight(IGCRow const * row);
     void moveFocusOutOf(IGCRow * row);
     void revealChildren(IGCRow * row);
+    void expandOne(IGCRow * row, unsigned code);
+    bool expandInTree(IGCRow * row, bool expand, bool movesFocus);
     void updateBelowRows();
     void resetSubRows(CGCSlimRow * top);
     void sortByText(std::vector<IGCRow *> & rows, CGCColumn * column);
     void rebuildHeader();
+    CGCColumn * changeKind(CGCColumn * column, int kind);
     void storeWidth(CGCColumn * column, int width, bool updateHeader);
     void updateHeaderFormat(CGCColumn const * column, GC_COLUMN const * record);
     void applyRequests(IGCRow * row, CSetRowData const & requests);

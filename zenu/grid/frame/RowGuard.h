@@ -2,28 +2,78 @@
 
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 
-#include <QPointer>
-
 namespace zenu {
 
-// What is held over a call to the application: afterwards the row, or the grid with its frame, may
-// be gone. A grid that trusts its handles (GCXS_FASTLOCATOR) can only tell the grid's own end.
-class RowGuard
+// Hears of each row that dies and of the grid's own end. It stands on the stack over a call to the
+// application; while none does, a row's death costs one test.
+class RowWatch
+{
+public:
+    explicit RowWatch(KGridCtrl::PrivateData * watchedFrame)
+        : frame(watchedFrame)
+        , outer(watchedFrame->watches)
+    {
+        frame->watches = this;
+    }
+    RowWatch(RowWatch const &) = delete;
+    RowWatch & operator=(RowWatch const &) = delete;
+
+    bool hasGrid() const { return frame != nullptr; }
+
+protected:
+    // Watches stand on the stack, so the last one made goes first.
+    ~RowWatch()
+    {
+        if (frame) {
+            frame->watches = outer;
+        }
+    }
+    // The row is still whole, and hangs where it did.
+    virtual void rowDies(IGCRow const * row) = 0;
+    virtual void allRowsDie() = 0;
+
+    KGridCtrl::PrivateData * frame; // null once the grid is gone
+
+private:
+    friend class KGridCtrl::PrivateData;
+    RowWatch * outer;
+};
+
+// Tells after a call to the application whether the row, and the grid with its frame, are still
+// there. Works by the row, not by its handle: a grid may trust its handles.
+class RowGuard final : public RowWatch
 {
 public:
     RowGuard(KGridCtrl::PrivateData * heldFrame, IGCRow const * heldRow)
-        : grid(heldFrame->grid)
-        , frame(heldFrame)
-        , handle(heldRow ? heldRow->Handle() : nullptr)
+        : RowWatch(heldFrame)
+        , row(heldRow)
     {
     }
-    bool hasGrid() const { return !grid.isNull(); }
-    bool hasRow() const { return hasGrid() && handle && frame->LocateRow(handle); }
+    bool hasRow() const { return row != nullptr; }
 
 private:
-    QPointer<KGridCtrl> grid;
+    void rowDies(IGCRow const * dying) override { row = row == dying ? nullptr : row; }
+    void allRowsDie() override { row = nullptr; }
+
+    IGCRow const * row;
+};
+
+// While one stands, nothing may come or go: whoever set it goes through rows or columns and asks
+// the application on the way. Operations that would add or remove some fail quietly.
+class TreeLock
+{
+public:
+    explicit TreeLock(KGridCtrl::PrivateData * lockedFrame)
+        : frame(lockedFrame)
+    {
+        ++frame->treeLocks;
+    }
+    ~TreeLock() { --frame->treeLocks; }
+    TreeLock(TreeLock const &) = delete;
+    TreeLock & operator=(TreeLock const &) = delete;
+
+private:
     KGridCtrl::PrivateData * frame;
-    tag_HROW * handle;
 };
 
 } // namespace zenu

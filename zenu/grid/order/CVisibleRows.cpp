@@ -107,6 +107,12 @@ int CVisibleRows::GetTopOf(int index)
     return isIndex(index) ? RowSearch::toInt(record->order->GetTopOf(index)) : 0;
 }
 
+long long CVisibleRows::PositionOf(int index)
+{
+    UpdateNow();
+    return isIndex(index) ? record->order->GetTopOf(index) : 0;
+}
+
 int CVisibleRows::GetHeightAt(int index)
 {
     UpdateNow();
@@ -233,6 +239,19 @@ bool CVisibleRows::IsFocused(IGCRow const * row) const
 IGCRow * CVisibleRows::FocusedRow() const
 {
     return record->focusRow;
+}
+
+long long CVisibleRows::TopPosition()
+{
+    UpdateNow();
+    return PositionOf(record->topIndex);
+}
+
+int CVisibleRows::IndexAt(long long position)
+{
+    UpdateNow();
+    return record->withPositions(
+        [=](auto const & rows) { return RowSearch::indexFromY(rows, position, 0, -1); });
 }
 
 int CVisibleRows::IndexFromY(int y, int low, int high)

@@ -76,6 +76,8 @@ public:
     int IndexOf(IGCRow const * row);
     // 0 for a bad index.
     int GetTopOf(int index);
+    // The same, not saturated.
+    long long PositionOf(int index);
     int GetHeightAt(int index);
     int GetTotalHeight();
 
@@ -94,6 +96,8 @@ public:
 
     // y of the first row on display.
     int GetTopY();
+    // The same, not saturated.
+    long long TopPosition();
     // These two are 0 when nothing is on display.
     int GetTopIndex();
     int GetLastShownIndex();
@@ -113,6 +117,8 @@ public:
 
     // The row from `low` to `high` that covers y, -1 for none; `high` -1 stands for the last row.
     int IndexFromY(int y, int low = 0, int high = -1);
+    // The row that covers a y that may be past the range of an int, -1 for none.
+    int IndexAt(long long position);
     // Like IndexFromY, but a y above all rows answers 0, one below them the last index; -1 without
     // rows.
     int RowUnderY(int y);
