@@ -22,3 +22,11 @@ function(zenu_ratio_tests folder)
 endfunction()
 
 zenu_ratio_tests(surface)
+
+# The explorer example is tested by its parts, and as the program that it is.
+if(TARGET tests_explorer)
+    target_link_libraries(tests_explorer PRIVATE zenu_explorer_parts)
+    target_compile_definitions(tests_explorer PRIVATE
+                               ZENU_EXPLORER="$<TARGET_FILE:zenu_explorer>")
+    add_dependencies(tests_explorer zenu_explorer)
+endif()

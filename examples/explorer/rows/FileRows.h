@@ -1,0 +1,51 @@
+#pragma once
+
+#include "examples/explorer/model/FileTree.h"
+#include "examples/explorer/rows/RowSource.h"
+
+#include <string>
+
+namespace explorer {
+
+/// The rows of a FileTree: a row's param is the index of its file. Nothing is kept for a row; what
+/// the grid asks for is read from the tree at that moment.
+class FileRows : public RowSource
+{
+public:
+    /// The tree is not owned.
+    explicit FileRows(FileTree * shownTree)
+        : tree(shownTree)
+    {
+    }
+
+    void GetRowDrawInfo(zenu::GC_DRAWROWINFO * info, zenu::tag_HROW * row, long param,
+                        bool selected) override;
+    void GetItemDrawInfo(zenu::GC_DRAWITEMINFO * info, zenu::tag_HROW * row, long param,
+                         zenu::tag_HCOLUMN * column, int halfWidth, bool selected,
+                         bool focusCell) override;
+    char const * GetItemText(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column) override;
+    int IsItemChecked(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column) override;
+    bool HasSubRows(zenu::tag_HROW * row, long param) override;
+    int GetSubRowCount(zenu::tag_HROW * row, long param) override;
+    void GetSubRows(zenu::tag_HROW * row, long param, int count,
+                    zenu::GC_SLIMROWDATA * rows) override;
+
+    /// Directories come first, whatever the direction.
+    int compare(long a, long b, Column column, bool ascending) override;
+    /// The path of the file and, of a link, where it leads.
+    std::string describe(long param) override;
+
+private:
+    using Index = FileTree::Index;
+
+    char const * shortName(Index file) const;
+    int compareBy(Index a, Index b, Column column);
+    void sizeOf(Index file);
+    void kindOf(Index file, std::string & result);
+
+    FileTree * tree;
+    std::string text; // the last one that was asked for
+    std::string otherText;
+};
+
+} // namespace explorer
