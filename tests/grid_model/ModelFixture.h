@@ -13,6 +13,7 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QtTest/QtTest>
 
 #include <array>
 #include <functional>
@@ -154,6 +155,57 @@ private:
 };
 
 inline constexpr std::array<char const *, 4> rowClassNames{"ordinary", "section", "slim", "lonely"};
+
+// Whether a class of that index has cells and takes children.
+inline bool isOrdinary(int rowClass)
+{
+    return rowClass < 2;
+}
+
+// Whether items of a kind have a text of their own.
+inline bool bearsText(int kind)
+{
+    return kind != zenu::GCCK_ICON && kind != zenu::GCCK_LISTBOX;
+}
+
+// Data of a test that runs once a row class, a kind, a kind that bears a text.
+inline void addRowClasses()
+{
+    QTest::addColumn<int>("rowClass");
+    for (int i = 0; i < int(rowClassNames.size()); ++i) {
+        QTest::newRow(rowClassNames[std::size_t(i)]) << i;
+    }
+}
+
+inline void addKinds()
+{
+    QTest::addColumn<int>("kind");
+    for (int kind = 0; kind < kindCount; ++kind) {
+        QTest::newRow(kindNames[std::size_t(kind)]) << kind;
+    }
+}
+
+inline void addTextKinds()
+{
+    QTest::addColumn<int>("kind");
+    for (int kind = 0; kind < kindCount; ++kind) {
+        if (bearsText(kind)) {
+            QTest::newRow(kindNames[std::size_t(kind)]) << kind;
+        }
+    }
+}
+
+// A row for each kind and each bit of an item's mask.
+inline void addKindsAndMaskBits()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<unsigned>("mask");
+    for (int kind = 0; kind < kindCount; ++kind) {
+        for (MaskBit const & bit : itemMaskBits) {
+            QTest::addRow("%s, %s", kindNames[std::size_t(kind)], bit.name) << kind << bit.mask;
+        }
+    }
+}
 
 inline QByteArray textOf(char const * text)
 {

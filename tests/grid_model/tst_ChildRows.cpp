@@ -69,9 +69,9 @@ void tst_ChildRows::insert_firstAndLast_goToTheEnds()
     Rows const r(5);
     ChildRows children;
     for (bool after : {true, false}) {
-        QVERIFY(children.insert({r[0], r[1]}, GCI_LAST, after));
-        QVERIFY(children.insert({r[2]}, GCI_FIRST, after));
-        QVERIFY(children.insert({r[3], r[4]}, GCI_LAST, after));
+        QVERIFY(children.insert(List{r[0], r[1]}, GCI_LAST, after));
+        QVERIFY(children.insert(List{r[2]}, GCI_FIRST, after));
+        QVERIFY(children.insert(List{r[3], r[4]}, GCI_LAST, after));
         QCOMPARE(listOf(children), (List{r[2], r[0], r[1], r[3], r[4]}));
         children.clear();
     }
@@ -81,10 +81,10 @@ void tst_ChildRows::insert_besideAChild_standsBeforeOrAfterIt()
 {
     Rows const r(6);
     ChildRows children;
-    QVERIFY(children.insert({r[0], r[1]}, GCI_LAST, true));
-    QVERIFY(children.insert({r[2], r[3]}, r[0]->Handle(), true));
-    QVERIFY(children.insert({r[4]}, r[0]->Handle(), false));
-    QVERIFY(children.insert({r[5]}, r[1]->Handle(), true));
+    QVERIFY(children.insert(List{r[0], r[1]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[2], r[3]}, r[0]->Handle(), true));
+    QVERIFY(children.insert(List{r[4]}, r[0]->Handle(), false));
+    QVERIFY(children.insert(List{r[5]}, r[1]->Handle(), true));
     QCOMPARE(listOf(children), (List{r[4], r[0], r[2], r[3], r[1], r[5]}));
 }
 
@@ -101,12 +101,12 @@ void tst_ChildRows::insert_unknownPosition_isRefused()
     QFETCH(qlonglong, position);
     Rows const r(5);
     ChildRows children;
-    QVERIFY(children.insert({r[0], r[1], r[2]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[0], r[1], r[2]}, GCI_LAST, true));
     QVERIFY(children.remove(r[1]));
     auto * const handle = reinterpret_cast<tag_HROW *>(static_cast<long>(position));
-    QVERIFY(!children.insert({r[3]}, handle, true));
-    QVERIFY(!children.insert({r[3]}, handle, false));
-    QVERIFY(!children.insert({r[3]}, r[1]->Handle(), true));
+    QVERIFY(!children.insert(List{r[3]}, handle, true));
+    QVERIFY(!children.insert(List{r[3]}, handle, false));
+    QVERIFY(!children.insert(List{r[3]}, r[1]->Handle(), true));
     QCOMPARE(listOf(children), (List{r[0], r[2]}));
 }
 
@@ -114,11 +114,11 @@ void tst_ChildRows::insert_noRows_changesNothing()
 {
     Rows const r(2);
     ChildRows children;
-    QVERIFY(children.insert({}, GCI_LAST, true));
+    QVERIFY(children.insert(List{}, GCI_LAST, true));
     QVERIFY(children.isEmpty());
-    QVERIFY(children.insert({r[0]}, GCI_FIRST, true));
-    QVERIFY(children.insert({}, r[0]->Handle(), true));
-    QVERIFY(children.insert({r[1]}, r[0]->Handle(), true));
+    QVERIFY(children.insert(List{r[0]}, GCI_FIRST, true));
+    QVERIFY(children.insert(List{}, r[0]->Handle(), true));
+    QVERIFY(children.insert(List{r[1]}, r[0]->Handle(), true));
     QCOMPARE(listOf(children), (List{r[0], r[1]}));
 }
 
@@ -126,11 +126,11 @@ void tst_ChildRows::remove_leavesNoTrace()
 {
     Rows const r(6);
     ChildRows children;
-    QVERIFY(children.insert({r[0], r[1], r[2], r[3], r[4]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[0], r[1], r[2], r[3], r[4]}, GCI_LAST, true));
     QVERIFY(children.remove(r[1]));
     QVERIFY(children.remove(r[3]));
     QCOMPARE(children.count(), 3);
-    QVERIFY(children.insert({r[5]}, r[2]->Handle(), true)); // beside a hole
+    QVERIFY(children.insert(List{r[5]}, r[2]->Handle(), true)); // beside a hole
     QCOMPARE(children.count(), 4);
     QVERIFY(children.at(1) == r[2]);
     QCOMPARE(children.indexOf(r[4]), 3);
@@ -143,7 +143,7 @@ void tst_ChildRows::remove_noChild_isRefused()
     ChildRows children;
     QVERIFY(!children.remove(r[0]));
     QVERIFY(!children.remove(nullptr));
-    QVERIFY(children.insert({r[0], r[1]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[0], r[1]}, GCI_LAST, true));
     QVERIFY(!children.remove(r[2]));
     QVERIFY(children.remove(r[0]));
     QVERIFY(!children.remove(r[0]));
@@ -157,14 +157,14 @@ void tst_ChildRows::remove_all_isEmptyAgain()
 {
     Rows const r(3);
     ChildRows children;
-    QVERIFY(children.insert({r[0], r[1], r[2]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[0], r[1], r[2]}, GCI_LAST, true));
     QVERIFY(children.remove(r[0]));
     QVERIFY(children.remove(r[1]));
     QVERIFY(!children.isEmpty());
     QVERIFY(children.remove(r[2]));
     QVERIFY(children.isEmpty());
     QCOMPARE(children.span().count(), 0);
-    QVERIFY(children.insert({r[1]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[1]}, GCI_LAST, true));
     QCOMPARE(listOf(children), (List{r[1]}));
 }
 
@@ -172,11 +172,11 @@ void tst_ChildRows::clear_forgetsAll()
 {
     Rows const r(2);
     ChildRows children;
-    QVERIFY(children.insert({r[0], r[1]}, GCI_LAST, true));
+    QVERIFY(children.insert(List{r[0], r[1]}, GCI_LAST, true));
     children.clear();
     QVERIFY(children.isEmpty());
     QCOMPARE(children.bytes(), std::size_t(0));
-    QVERIFY(!children.insert({r[1]}, r[0]->Handle(), true));
+    QVERIFY(!children.insert(List{r[1]}, r[0]->Handle(), true));
 }
 
 void tst_ChildRows::indexOf_afterManyFrontInsertions_isExact()
@@ -185,7 +185,7 @@ void tst_ChildRows::indexOf_afterManyFrontInsertions_isExact()
     Rows const r(count);
     ChildRows children;
     for (int i = 0; i < count; ++i) {
-        QVERIFY(children.insert({r[i]}, GCI_FIRST, true));
+        QVERIFY(children.insert(List{r[i]}, GCI_FIRST, true));
     }
     for (int i = 0; i < count; ++i) {
         QCOMPARE(children.indexOf(r[i]), count - 1 - i);

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void makeColumn_kind_buildsItsClass_data();
     void makeColumn_kind_buildsItsClass();
     void makeColumn_unknownKind_isNull();
+    void makeColumn_kind_leavesTheFieldToTheRecord();
     void visitor_overridingOnlyVisit_isCalledForAllNineClasses();
     void visitor_ownOperation_isCalledInsteadOfVisit();
     void getRecord_anyMask_fillsAllButText();
@@ -32,6 +33,8 @@ private Q_SLOTS:
     void setRecordWithChoices_splitsOnLastCharacter_data();
     void setRecordWithChoices_splitsOnLastCharacter();
     void setRecordWithChoices_withoutMaskOrText_keepsChoices();
+    void setRecordWithChoices_anyMask_writesTheOtherFields();
+    void setRecordWithChoices_fromItsOwnChoice_splitsACopy();
     void choice_outOfRange_isNull();
     void indexOf_text_isExact();
     void touch_doesNothing();
@@ -79,6 +82,18 @@ QByteArray joined(std::vector<std::string> const & choices)
     return all;
 }
 
+// Which classes share operations: a visitor or a cast may ask for the base.
+static_assert(std::is_base_of_v<CGCColumn, CGCTextColumn>);
+static_assert(std::is_base_of_v<CGCColumn, CGCIconColumn>);
+static_assert(!std::is_base_of_v<CGCTextColumn, CGCIconColumn>);
+static_assert(std::is_base_of_v<CGCTextColumn, CGCTextWithIconColumn>);
+static_assert(std::is_base_of_v<CGCTextWithIconColumn, CGCOwnerDrawColumn>);
+static_assert(std::is_base_of_v<CGCTextColumn, CGCCheckBoxColumn>);
+static_assert(std::is_base_of_v<CGCTextColumn, CGCCheckBoxWithIconColumn>);
+static_assert(!std::is_base_of_v<CGCCheckBoxColumn, CGCCheckBoxWithIconColumn>);
+static_assert(std::is_base_of_v<CGCTextColumn, CGCListBoxColumn>);
+static_assert(std::is_base_of_v<CGCListBoxColumn, CGCComboBoxColumn>);
+
 } // namespace
 
 void tst_Columns::newColumn_allFields_areZero()
@@ -124,6 +139,16 @@ void tst_Columns::makeColumn_unknownKind_isNull()
         QVERIFY(!makeColumn(kind, 0, 0));
         QVERIFY(!makeColumnFrom(kind, column));
     }
+}
+
+void tst_Columns::makeColumn_kind_leavesTheFieldToTheRecord()
+{
+    std::unique_ptr<CGCColumn> const column = makeColumn(GCCK_ICON, 0, 0);
+    QCOMPARE(column->kind, 0);
+    GC_COLUMN record;
+    record.kind = GCCK_ICON;
+    column->SetRecord(&record);
+    QCOMPARE(column->kind, 0); // stored with its mask bit only
 }
 
 void tst_Columns::visitor_overridingOnlyVisit_isCalledForAllNineClasses()
@@ -419,6 +444,30 @@ void tst_Columns::setRecordWithChoices_withoutMaskOrText_keepsChoices()
     record.listItems = nullptr;
     list.SetRecordWithChoices(&record);
     QCOMPARE(joined(list.choices), QByteArray("before|"));
+}
+
+void tst_Columns::setRecordWithChoices_anyMask_writesTheOtherFields()
+{
+    CGCListBoxColumn list(0, 0);
+    list.kind = GCCK_LISTBOX;
+    char title[] = "title";
+    GC_COLUMN record;
+    record.mask = GCCM_TEXT | GCCM_WIDTH;
+    record.text = title;
+    record.width = 30;
+    list.SetRecordWithChoices(&record);
+    QCOMPARE(dump(list), QByteArray("format=0 width=30 kind=5 flags=0 text=title"));
+}
+
+void tst_Columns::setRecordWithChoices_fromItsOwnChoice_splitsACopy()
+{
+    CGCListBoxColumn list(0, 0);
+    list.choices = {"one of the longer choices;another;"};
+    GC_COLUMN record;
+    record.mask = GCCM_LISTITEMS;
+    record.listItems = list.choices[0].data();
+    list.SetRecordWithChoices(&record);
+    QCOMPARE(joined(list.choices), QByteArray("one of the longer choices|another|"));
 }
 
 void tst_Columns::choice_outOfRange_isNull()

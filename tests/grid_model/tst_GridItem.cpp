@@ -14,6 +14,8 @@ private Q_SLOTS:
     void alignment_seven_overflowsToTheColumns();
     void textColor_keeps24BitsAndOneForTheRest_data();
     void textColor_keeps24BitsAndOneForTheRest();
+    void listIndex_isAByteWithNoneAtTheTop_data();
+    void listIndex_isAByteWithNoneAtTheTop();
     void fields_shareNoBits();
     void freshItem_ofKind_hasItsDefaults_data();
     void freshItem_ofKind_hasItsDefaults();
@@ -89,6 +91,31 @@ void tst_GridItem::textColor_keeps24BitsAndOneForTheRest()
         QCOMPARE(item.textColor(), read);
         QCOMPARE(item.checkStyle(), ~style & 0x7U);
     }
+}
+
+void tst_GridItem::listIndex_isAByteWithNoneAtTheTop_data()
+{
+    QTest::addColumn<int>("stored");
+    QTest::addColumn<int>("read");
+    QTest::newRow("none") << -1 << -1;
+    QTest::newRow("first") << 0 << 0;
+    QTest::newRow("more than half of a byte") << 200 << 200;
+    QTest::newRow("largest") << 254 << 254;
+    QTest::newRow("past it, as none") << 255 << -1;
+    QTest::newRow("more bits are cut") << 0x105 << 5;
+    QTest::newRow("below none, cut as well") << -2 << 254;
+}
+
+void tst_GridItem::listIndex_isAByteWithNoneAtTheTop()
+{
+    QFETCH(int, stored);
+    QFETCH(int, read);
+    GridItem item;
+    item.images = {3, 4, 5};
+    item.setListIndex(stored);
+    QCOMPARE(item.listIndex(), read);
+    QCOMPARE(int(item.images[1]), 4);
+    QCOMPARE(int(item.images[2]), 5);
 }
 
 void tst_GridItem::fields_shareNoBits()
@@ -172,10 +199,7 @@ void tst_GridItem::changeOfKind_detourOverIcon_keepsOwnedText()
 
 void tst_GridItem::destructor_ofAnyKind_freesText_data()
 {
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-    }
+    addKinds();
 }
 
 void tst_GridItem::destructor_ofAnyKind_freesText()

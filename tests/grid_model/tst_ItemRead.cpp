@@ -109,16 +109,6 @@ QByteArray padded(QByteArray text)
     return text.append(QByteArray(8 - text.size(), '\0'));
 }
 
-void addTextKinds()
-{
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        if (kind != GCCK_ICON && kind != GCCK_LISTBOX) {
-            QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-        }
-    }
-}
-
 } // namespace
 
 void tst_ItemRead::getItem_maskBitOnKind_fillsItsFields_data()
@@ -200,10 +190,7 @@ void tst_ItemRead::getItem_text_followsStrncpy()
 
 void tst_ItemRead::getItem_nullBuffer_isFalse_data()
 {
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-    }
+    addKinds();
 }
 
 void tst_ItemRead::getItem_nullBuffer_isFalse()
@@ -302,15 +289,15 @@ void tst_ItemRead::getItem_listIndexOutOfRange_readsAsNoText_data()
     QTest::addColumn<int>("index");
     QTest::newRow("none") << -1;
     QTest::newRow("one past the last") << 10;
-    QTest::newRow("largest") << 127;
-    QTest::newRow("least") << -128;
+    QTest::newRow("more than half of a byte") << 200;
+    QTest::newRow("largest") << 254;
 }
 
 void tst_ItemRead::getItem_listIndexOutOfRange_readsAsNoText()
 {
     QFETCH(int, index);
     RowsOfAllClasses rows;
-    rows.ordinary.ItemOf(rows.column(GCCK_LISTBOX))->images[0] = static_cast<std::int8_t>(index);
+    rows.ordinary.ItemOf(rows.column(GCCK_LISTBOX))->setListIndex(index);
     Reader reader;
     reader.record.mask = GCIM_TEXT | GCIM_TEXTLEN;
     QVERIFY(reader.read(&rows.ordinary, rows.column(GCCK_LISTBOX)));
@@ -371,10 +358,7 @@ void tst_ItemRead::getItem_fullMask_lastFieldReadWins()
 
 void tst_ItemRead::getItem_slimRows_answerFalseAndFillNothing_data()
 {
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-    }
+    addKinds();
 }
 
 void tst_ItemRead::getItem_slimRows_answerFalseAndFillNothing()
@@ -395,13 +379,7 @@ void tst_ItemRead::getItem_slimRows_answerFalseAndFillNothing()
 
 void tst_ItemRead::getItem_section_answersFalseWithRecordFilled_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<unsigned>("mask");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        for (MaskBit const & bit : itemMaskBits) {
-            QTest::addRow("%s, %s", kindNames[std::size_t(kind)], bit.name) << kind << bit.mask;
-        }
-    }
+    addKindsAndMaskBits();
 }
 
 void tst_ItemRead::getItem_section_answersFalseWithRecordFilled()
@@ -450,10 +428,7 @@ void tst_ItemRead::getItem_sectionBuffers_areRespected()
 
 void tst_ItemRead::getItem_nullRecordOrMissingItem_isFalse_data()
 {
-    QTest::addColumn<int>("rowClass");
-    for (int i = 0; i < 4; ++i) {
-        QTest::newRow(rowClassNames[std::size_t(i)]) << i;
-    }
+    addRowClasses();
 }
 
 void tst_ItemRead::getItem_nullRecordOrMissingItem_isFalse()

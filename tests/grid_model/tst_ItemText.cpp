@@ -14,6 +14,8 @@ private Q_SLOTS:
     void getText_callback_isAskedOnceAndKept_data();
     void getText_callback_isAskedOnceAndKept();
     void getText_callbackAnsweringNull_staysNullAndCached();
+    void getText_callbackAnsweringAnotherCallback_isNull_data();
+    void getText_callbackAnsweringAnotherCallback_isNull();
     void getText_afterFreeGarbage_asksAgain();
     void getText_callbackSetsTheItem_usesWhatWasSet();
     void getText_callbackAddsAColumn_findsTheItemAgain();
@@ -34,21 +36,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-bool bearsText(int kind)
-{
-    return kind != GCCK_ICON && kind != GCCK_LISTBOX;
-}
-
-void addTextKinds()
-{
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        if (bearsText(kind)) {
-            QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-        }
-    }
-}
 
 template <typename Visitor>
 char const * textBy(RowsOfAllClasses & rows, int kind, ITextCallback * callback)
@@ -122,6 +109,27 @@ void tst_ItemText::getText_callbackAnsweringNull_staysNullAndCached()
     QVERIFY(item->hasState(GCIS_CACHEDTEXT));
     rows.ordinary.FreeGarbage(rows.columns);
     QVERIFY(item->isCallback());
+}
+
+void tst_ItemText::getText_callbackAnsweringAnotherCallback_isNull_data()
+{
+    QTest::addColumn<int>("below");
+    QTest::newRow("the value that asks") << 0;
+    QTest::newRow("the one beside it") << 1;
+}
+
+void tst_ItemText::getText_callbackAnsweringAnotherCallback_isNull()
+{
+    QFETCH(int, below);
+    RowsOfAllClasses rows;
+    FakeTextCallback callback;
+    callback.text = GC_TEXTCALLBACK - below;
+    rows.ordinary.ItemOf(rows.column(GCCK_TEXT))->text = GC_TEXTCALLBACK;
+    QVERIFY(!textBy<KGetTextAndForget>(rows, GCCK_TEXT, &callback));
+    CGetItemText cell(rows.column(GCCK_TEXT), &callback, nullptr);
+    rows.ordinary.Accept(&cell);
+    QVERIFY(!cell.text);
+    QVERIFY(!textBy<KGetText>(rows, GCCK_TEXT, &callback));
 }
 
 void tst_ItemText::getText_afterFreeGarbage_asksAgain()
@@ -210,10 +218,7 @@ void tst_ItemText::getText_withoutCallback_isNull()
 
 void tst_ItemText::getTextAndForget_hideCheck_isReadForCheckKindsOnly_data()
 {
-    QTest::addColumn<int>("kind");
-    for (int kind = 0; kind < kindCount; ++kind) {
-        QTest::newRow(kindNames[std::size_t(kind)]) << kind;
-    }
+    addKinds();
 }
 
 void tst_ItemText::getTextAndForget_hideCheck_isReadForCheckKindsOnly()
@@ -232,9 +237,8 @@ void tst_ItemText::getTextAndForget_hideCheck_isReadForCheckKindsOnly()
 void tst_ItemText::listIndex_outOfRange_isNull()
 {
     RowsOfAllClasses rows;
-    for (int index : {-1, 10, -128, 127}) {
-        rows.ordinary.ItemOf(rows.column(GCCK_LISTBOX))->images[0] =
-            static_cast<std::int8_t>(index);
+    for (int index : {-1, 10, 200, 254}) {
+        rows.ordinary.ItemOf(rows.column(GCCK_LISTBOX))->setListIndex(index);
         QVERIFY(!textBy<KGetText>(rows, GCCK_LISTBOX, nullptr));
         QVERIFY(!textBy<KGetTextAndForget>(rows, GCCK_LISTBOX, nullptr));
     }

@@ -68,19 +68,6 @@ void addClassesAndMasks()
     }
 }
 
-void addClasses()
-{
-    QTest::addColumn<int>("rowClass");
-    for (int i = 0; i < 4; ++i) {
-        QTest::newRow(rowClassNames[std::size_t(i)]) << i;
-    }
-}
-
-bool isOrdinary(int rowClass)
-{
-    return rowClass < 2;
-}
-
 bool read(IGCRow * row, GC_ROW * record, GC_SECTION * section = nullptr)
 {
     CGetRowData visitor(record, section, 123, 45, GCRS_VISIBLE | GCRS_SELECTED);
@@ -155,7 +142,7 @@ void tst_RowAccess::getRow_slimRow_reportsNoHeight()
 
 void tst_RowAccess::getRow_parent_isHandleOrRoot_data()
 {
-    addClasses();
+    addRowClasses();
 }
 
 void tst_RowAccess::getRow_parent_isHandleOrRoot()
@@ -271,7 +258,7 @@ void tst_RowAccess::getRow_sectionTextOfOtherClasses_leavesTheBuffer()
 
 void tst_RowAccess::getRow_nullRecord_isFalse_data()
 {
-    addClasses();
+    addRowClasses();
 }
 
 void tst_RowAccess::getRow_nullRecord_isFalse()
@@ -373,7 +360,7 @@ void tst_RowAccess::setRow_stateBits_becomeRequests()
 
 void tst_RowAccess::setRow_hasChildrenBit_takesTheStateBit_data()
 {
-    addClasses();
+    addRowClasses();
 }
 
 void tst_RowAccess::setRow_hasChildrenBit_takesTheStateBit()
@@ -469,7 +456,7 @@ void tst_RowAccess::setSection_titleWithoutRecord_isLeftAlone()
 
 void tst_RowAccess::setRow_nullRecord_isFalse_data()
 {
-    addClasses();
+    addRowClasses();
 }
 
 void tst_RowAccess::setRow_nullRecord_isFalse()

@@ -14,34 +14,21 @@ private Q_SLOTS:
     void newRow_anyClass_hasDefaults();
     void visibleIndex_anyClass_keepsTheLastChildBit_data();
     void visibleIndex_anyClass_keepsTheLastChildBit();
+    void lonelyRow_neverAsksTheApplication();
     void visitor_overridingOnlyVisit_isCalledForAllClasses();
     void visitor_ownOperation_isCalledInsteadOfVisit();
     void cellOperations_anyClass_touchOrdinaryRowsOnly_data();
     void cellOperations_anyClass_touchOrdinaryRowsOnly();
-    void insert_anyClass_answersAsTheClassDoes_data();
-    void insert_anyClass_answersAsTheClassDoes();
-    void getLevel_countsAncestors();
     void newRow_hasOneFreshItemForEachColumn();
     void newRow_isExpandedAndOutsideTheVisibleOrder();
-    void insertChildren_writesTheParent();
-    void insertChildren_badPosition_failsAndStillShowsTheButton();
-    void removeChild_last_collapsesAndRemovesTheButton();
-    void removeChild_ofAnother_isRefused();
-    void firstChild_afterLosingTheLast_findsItsParentClosed();
-    void deleteChild_thatIsNoChild_deletesItAndAnswersFalse_data();
-    void deleteChild_thatIsNoChild_deletesItAndAnswersFalse();
-    void deleteChild_child_deletesIt();
-    void deleteChild_null_answersFalse();
-    void deleteChild_ofSlimRow_deletesNothing();
-    void deleteAllChildren_clearsBothBits();
     void addColumnItem_inExistingRow_isFreshAndShiftsNothingElse();
     void removeColumnItem_movesLaterItemsDownAndFreesTheText();
     void itemOf_columnWithoutItem_isNull();
     void destroyItems_twice_isHarmless();
+    void destructor_leavesTextsToDestroyItems();
     void setHasChildren_changesThatBitAlone();
     void section_title_isCopiedAndNullIsKept();
     void section_hasCellsAndNoParent();
-    void chainOfAMillionRows_isDeletedWithoutRecursion();
 };
 
 namespace {
@@ -63,34 +50,6 @@ public:
     void VisitSection(CGCSection *) override { called += "section "; }
     QByteArray called;
 };
-
-// Says when it dies.
-class MortalRow : public CGCOrdinaryRow
-{
-public:
-    MortalRow(ColumnSet const & columns, int * deathCount)
-        : CGCOrdinaryRow(nullptr, columns)
-        , deaths(deathCount)
-    {
-    }
-    ~MortalRow() override { ++*deaths; }
-
-private:
-    int * deaths;
-};
-
-void addClassRows()
-{
-    QTest::addColumn<int>("rowClass");
-    for (int i = 0; i < 4; ++i) {
-        QTest::newRow(rowClassNames[std::size_t(i)]) << i;
-    }
-}
-
-bool isOrdinary(int rowClass)
-{
-    return rowClass < 2;
-}
 
 QByteArray dump(CGCOrdinaryRow const & row)
 {
@@ -115,7 +74,7 @@ void tst_Rows::sizes_areWhatRowsMayCost()
 
 void tst_Rows::newRow_anyClass_hasDefaults_data()
 {
-    addClassRows();
+    addRowClasses();
 }
 
 void tst_Rows::newRow_anyClass_hasDefaults()
@@ -144,7 +103,7 @@ void tst_Rows::newRow_anyClass_hasDefaults()
 
 void tst_Rows::visibleIndex_anyClass_keepsTheLastChildBit_data()
 {
-    addClassRows();
+    addRowClasses();
 }
 
 void tst_Rows::visibleIndex_anyClass_keepsTheLastChildBit()
@@ -170,6 +129,20 @@ void tst_Rows::visibleIndex_anyClass_keepsTheLastChildBit()
     }
 }
 
+void tst_Rows::lonelyRow_neverAsksTheApplication()
+{
+    CGCLonelySlimRow row(nullptr);
+    FakeWrapper wrapper;
+    wrapper.hasSubRows = true;
+    wrapper.subRowCount = 5;
+    QVERIFY(!row.HasChildren(&wrapper));
+    row.ExpandRow(&wrapper);
+    QVERIFY(!row.IsExpanded());
+    row.CollapseRow();
+    QCOMPARE(row.GetChildCount(&wrapper), 0);
+    QCOMPARE(wrapper.hasAsked + wrapper.countAsked + wrapper.loads, 0);
+}
+
 void tst_Rows::visitor_overridingOnlyVisit_isCalledForAllClasses()
 {
     RowsOfAllClasses rows;
@@ -193,7 +166,7 @@ void tst_Rows::visitor_ownOperation_isCalledInsteadOfVisit()
 
 void tst_Rows::cellOperations_anyClass_touchOrdinaryRowsOnly_data()
 {
-    addClassRows();
+    addRowClasses();
 }
 
 void tst_Rows::cellOperations_anyClass_touchOrdinaryRowsOnly()
@@ -229,65 +202,15 @@ void tst_Rows::cellOperations_anyClass_touchOrdinaryRowsOnly()
     }
     row->FreeGarbage(rows.columns);
     row->ColumnKindChanged(rows.column(0));
+    row->AddColumnItem(makeColumn(GCCK_TEXT, 20, kindCount).get());
+    row->RemoveColumnItem(rows.column(5));
     if (cells) {
         QVERIFY(cells->Items()[0].isCallback());
-        QCOMPARE(cells->Items()[6].text, "mine");
+        QCOMPARE(cells->Items()[5].text, "mine");
+        QCOMPARE(cells->Items().size(), std::size_t(kindCount));
     }
     row->DestroyItems(rows.columns);
     QVERIFY(!cells || cells->Items().empty());
-}
-
-void tst_Rows::insert_anyClass_answersAsTheClassDoes_data()
-{
-    addClassRows();
-}
-
-void tst_Rows::insert_anyClass_answersAsTheClassDoes()
-{
-    QFETCH(int, rowClass);
-    RowsOfAllClasses rows;
-    FakeWrapper wrapper;
-    IGCRow * const row = rows.all()[std::size_t(rowClass)];
-    bool const takes = isOrdinary(rowClass);
-    std::vector<IGCRow *> made;
-    for (int i = 0; i < 4; ++i) {
-        made.push_back(new CGCOrdinaryRow(nullptr, rows.columns));
-    }
-    QCOMPARE(row->InsertChildAfter(made[0], GCI_LAST), takes);
-    QCOMPARE(row->InsertChildBefore(made[1], made[0]->Handle()), takes);
-    QCOMPARE(row->InsertChildrenAfter({made[2]}, made[0]->Handle()), takes);
-    QCOMPARE(row->InsertChildrenBefore({made[3]}, GCI_FIRST), takes);
-    QCOMPARE(row->GetChildCount(&wrapper), takes ? 4 : 0);
-    QCOMPARE(row->HasChildren(&wrapper), takes);
-    if (takes) {
-        QVERIFY(row->GetChild(0) == made[3]);
-        QVERIFY(row->GetChild(1) == made[1]);
-        QVERIFY(row->GetChild(2) == made[0]);
-        QVERIFY(row->GetChild(3) == made[2]);
-        QVERIFY(row->RemoveChild(made[3]));
-        delete made[3];
-        row->DeleteAllChildren();
-        QCOMPARE(row->GetChildCount(&wrapper), 0);
-    } else {
-        row->DeleteAllChildren();
-        for (IGCRow * const refused : made) {
-            QVERIFY(!refused->parent);
-            QVERIFY(!row->RemoveChild(refused));
-            delete refused;
-        }
-    }
-}
-
-void tst_Rows::getLevel_countsAncestors()
-{
-    RowsOfAllClasses rows;
-    auto * const child = new CGCOrdinaryRow(&rows.ordinary, rows.columns);
-    QVERIFY(rows.ordinary.InsertChildAfter(child, GCI_LAST));
-    auto * const grandchild = new CGCLonelySlimRow(child);
-    QVERIFY(child->InsertChildAfter(grandchild, GCI_LAST));
-    QCOMPARE(rows.ordinary.GetLevel(), 0);
-    QCOMPARE(child->GetLevel(), 1);
-    QCOMPARE(grandchild->GetLevel(), 2);
 }
 
 void tst_Rows::newRow_hasOneFreshItemForEachColumn()
@@ -315,132 +238,6 @@ void tst_Rows::newRow_isExpandedAndOutsideTheVisibleOrder()
     QCOMPARE(rows.ordinary.bkColor, GC_UNSETCOLOR);
     QVERIFY(!rows.ordinary.font);
     QCOMPARE(unsigned(child->rowFlags), 0x1U);
-}
-
-void tst_Rows::insertChildren_writesTheParent()
-{
-    RowsOfAllClasses rows;
-    CGCOrdinaryRow wrong(nullptr, rows.columns);
-    auto * const child = new CGCOrdinaryRow(&wrong, rows.columns);
-    QVERIFY(rows.ordinary.InsertChildAfter(child, GCI_LAST));
-    QVERIFY(child->parent == &rows.ordinary);
-}
-
-void tst_Rows::insertChildren_badPosition_failsAndStillShowsTheButton()
-{
-    RowsOfAllClasses rows;
-    FakeWrapper wrapper;
-    CGCOrdinaryRow child(nullptr, rows.columns);
-    CGCOrdinaryRow stranger(nullptr, rows.columns);
-    QVERIFY(!rows.ordinary.InsertChildAfter(&child, stranger.Handle()));
-    QVERIFY(!child.parent);
-    QVERIFY(rows.ordinary.HasChildren(&wrapper));
-    QCOMPARE(rows.ordinary.GetChildCount(&wrapper), 0);
-    QVERIFY(!rows.ordinary.RemoveChild(&child));
-    QVERIFY(rows.ordinary.HasChildren(&wrapper));
-}
-
-void tst_Rows::removeChild_last_collapsesAndRemovesTheButton()
-{
-    RowsOfAllClasses rows;
-    FakeWrapper wrapper;
-    CGCOrdinaryRow first(nullptr, rows.columns);
-    CGCOrdinaryRow second(nullptr, rows.columns);
-    QVERIFY(rows.ordinary.InsertChildrenAfter({&first, &second}, GCI_LAST));
-    QVERIFY(rows.ordinary.RemoveChild(&first));
-    QVERIFY(rows.ordinary.IsExpanded());
-    QVERIFY(rows.ordinary.HasChildren(&wrapper));
-    QVERIFY(rows.ordinary.RemoveChild(&second));
-    QVERIFY(!rows.ordinary.IsExpanded());
-    QVERIFY(!rows.ordinary.HasChildren(&wrapper));
-    QCOMPARE(rows.ordinary.GetChildCount(&wrapper), 0);
-    QCOMPARE(rows.ordinary.ChildBytes(), std::size_t(0));
-}
-
-void tst_Rows::removeChild_ofAnother_isRefused()
-{
-    RowsOfAllClasses rows;
-    CGCOrdinaryRow child(nullptr, rows.columns);
-    QVERIFY(!rows.ordinary.RemoveChild(&child));
-    QVERIFY(!rows.ordinary.RemoveChild(nullptr));
-    QVERIFY(rows.section.InsertChildAfter(&child, GCI_LAST));
-    QVERIFY(!rows.ordinary.RemoveChild(&child));
-    QVERIFY(rows.section.RemoveChild(&child));
-}
-
-void tst_Rows::firstChild_afterLosingTheLast_findsItsParentClosed()
-{
-    RowsOfAllClasses rows;
-    FakeWrapper wrapper;
-    CGCOrdinaryRow child(nullptr, rows.columns);
-    QVERIFY(rows.ordinary.InsertChildAfter(&child, GCI_LAST));
-    QVERIFY(rows.ordinary.RemoveChild(&child));
-    QVERIFY(rows.ordinary.InsertChildAfter(&child, GCI_LAST));
-    QVERIFY(!rows.ordinary.IsExpanded());
-    QVERIFY(rows.ordinary.HasChildren(&wrapper));
-    QVERIFY(rows.ordinary.RemoveChild(&child));
-}
-
-void tst_Rows::deleteChild_thatIsNoChild_deletesItAndAnswersFalse_data()
-{
-    QTest::addColumn<int>("rowClass");
-    QTest::newRow("ordinary") << 0;
-    QTest::newRow("section") << 1;
-    QTest::newRow("lonely") << 3;
-}
-
-void tst_Rows::deleteChild_thatIsNoChild_deletesItAndAnswersFalse()
-{
-    QFETCH(int, rowClass);
-    RowsOfAllClasses rows;
-    int deaths = 0;
-    QVERIFY(!rows.all()[std::size_t(rowClass)]->DeleteChild(new MortalRow(rows.columns, &deaths)));
-    QCOMPARE(deaths, 1);
-}
-
-void tst_Rows::deleteChild_child_deletesIt()
-{
-    RowsOfAllClasses rows;
-    FakeWrapper wrapper;
-    int deaths = 0;
-    auto * const child = new MortalRow(rows.columns, &deaths);
-    QVERIFY(child->InsertChildAfter(new MortalRow(rows.columns, &deaths), GCI_LAST));
-    QVERIFY(rows.ordinary.InsertChildAfter(child, GCI_LAST));
-    QVERIFY(rows.ordinary.DeleteChild(child));
-    QCOMPARE(deaths, 2);
-    QVERIFY(!rows.ordinary.HasChildren(&wrapper));
-}
-
-void tst_Rows::deleteChild_null_answersFalse()
-{
-    RowsOfAllClasses rows;
-    for (IGCRow * const row : rows.all()) {
-        QVERIFY(!row->DeleteChild(nullptr));
-    }
-}
-
-void tst_Rows::deleteChild_ofSlimRow_deletesNothing()
-{
-    RowsOfAllClasses rows;
-    int deaths = 0;
-    MortalRow row(rows.columns, &deaths);
-    QVERIFY(!rows.slim.DeleteChild(&row));
-    QCOMPARE(deaths, 0);
-}
-
-void tst_Rows::deleteAllChildren_clearsBothBits()
-{
-    RowsOfAllClasses rows;
-    int deaths = 0;
-    rows.ordinary.DeleteAllChildren();
-    QCOMPARE(unsigned(rows.ordinary.rowFlags), 0U);
-    for (int i = 0; i < 3; ++i) {
-        QVERIFY(rows.ordinary.InsertChildAfter(new MortalRow(rows.columns, &deaths), GCI_LAST));
-    }
-    rows.ordinary.ExpandRow(nullptr);
-    rows.ordinary.DeleteAllChildren();
-    QCOMPARE(deaths, 3);
-    QCOMPARE(unsigned(rows.ordinary.rowFlags), 0U);
 }
 
 void tst_Rows::addColumnItem_inExistingRow_isFreshAndShiftsNothingElse()
@@ -504,6 +301,20 @@ void tst_Rows::destroyItems_twice_isHarmless()
     rows.ordinary.FreeGarbage(rows.columns);
 }
 
+void tst_Rows::destructor_leavesTextsToDestroyItems()
+{
+    RowsOfAllClasses rows;
+    for (int i = 0; i < 2; ++i) {
+        auto row = i == 0 ? std::make_unique<CGCOrdinaryRow>(nullptr, rows.columns)
+                          : std::make_unique<CGCSection>(rows.columns);
+        char * const text = duplicateText("a text of the caller's");
+        row->Items()[0].text = text;
+        row.reset();
+        QCOMPARE(text, "a text of the caller's");
+        releaseText(text);
+    }
+}
+
 void tst_Rows::setHasChildren_changesThatBitAlone()
 {
     RowsOfAllClasses rows;
@@ -534,21 +345,6 @@ void tst_Rows::section_hasCellsAndNoParent()
     RowsOfAllClasses rows;
     QVERIFY(!rows.section.parent);
     QCOMPARE(dump(rows.section), dump(rows.ordinary));
-}
-
-void tst_Rows::chainOfAMillionRows_isDeletedWithoutRecursion()
-{
-    int const depth = 1000000;
-    ColumnSet const columns;
-    auto * const top = new CGCOrdinaryRow(nullptr, columns);
-    CGCOrdinaryRow * parent = top;
-    for (int i = 1; i < depth; ++i) {
-        auto * const child = new CGCOrdinaryRow(parent, columns);
-        parent->InsertChildAfter(child, GCI_LAST);
-        parent = child;
-    }
-    QCOMPARE(parent->GetLevel(), depth - 1);
-    delete top;
 }
 
 ZENU_TEST(tst_Rows)

@@ -4,6 +4,7 @@
 #include "zenu/grid/columns/IGCColumnVisitor.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace zenu {
@@ -99,10 +100,11 @@ void CGCListBoxColumn::Accept(IGCColumnVisitor * visitor)
 void CGCListBoxColumn::SetRecordWithChoices(GC_COLUMN * record)
 {
     if ((record->mask & GCCM_LISTITEMS) && record->listItems) {
+        std::string const items = record->listItems; // a copy: it may be a choice's own text
         choices.clear();
-        std::string_view rest = record->listItems;
+        std::string_view rest = items;
         while (!rest.empty()) {
-            std::size_t const end = rest.find(std::string_view(record->listItems).back());
+            std::size_t const end = rest.find(items.back());
             if (end != 0) {
                 choices.emplace_back(rest.substr(0, end));
             }

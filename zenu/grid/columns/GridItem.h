@@ -36,8 +36,16 @@ struct GridItem
             (flags & ~alignMask) | ((static_cast<unsigned>(value) + 1U) << alignShift & alignMask));
     }
 
-    // A list box's choice stands where other kinds have their image.
-    int listIndex() const { return images[0]; }
+    // A list box's choice stands where other kinds have their image: a byte, 255 of which is -1,
+    // none. So a list may have as many choices as a byte can tell apart.
+    static constexpr int largestListIndex = 0xfe;
+    int listIndex() const
+    {
+        int const index = static_cast<std::uint8_t>(images[0]);
+        return index <= largestListIndex ? index : -1;
+    }
+    // Keeps the low byte, whatever the index.
+    void setListIndex(int index) { images[0] = static_cast<std::int8_t>(index); }
 
     // GC_UNSETCOLOR means the grid's colour. The top byte of a colour is 0xff or 0, so one bit
     // keeps it.

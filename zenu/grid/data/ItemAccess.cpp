@@ -195,9 +195,9 @@ void KSetItem::writeCheckStyle()
 
 void KSetItem::writeListIndex(int index)
 {
-    auto const byte = static_cast<std::int8_t>(index);
-    changed = changed || item->images[0] != byte;
-    item->images[0] = byte;
+    int const before = item->listIndex();
+    item->setListIndex(index);
+    changed = changed || item->listIndex() != before;
 }
 
 void KSetItem::VisitIcon(CGCIconColumn *)
@@ -241,8 +241,9 @@ void KSetItem::VisitListBox(CGCListBoxColumn * column)
         writeListIndex(record->value);
     } else if (record->mask & GCIM_TEXT) {
         int const index = isTextCallback(record->text) ? -1 : column->IndexOf(record->text);
-        result = index >= 0;
-        writeListIndex(index);
+        // A choice that the item can't name is none, rather than another one.
+        result = index >= 0 && index <= GridItem::largestListIndex;
+        writeListIndex(result ? index : -1);
     }
 }
 

@@ -21,7 +21,8 @@ char const * choiceOf(CGCOrdinaryRow const * row, CGCListBoxColumn const * colum
 
 char const * fetchText(ITextCallback * callback, CGCOrdinaryRow * row, CGCColumn * column)
 {
-    return callback ? callback->GetText(row, column) : nullptr;
+    char const * const text = callback ? callback->GetText(row, column) : nullptr;
+    return isTextCallback(text) ? nullptr : text; // an answer that asks again is none
 }
 
 } // namespace

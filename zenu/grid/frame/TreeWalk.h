@@ -2,6 +2,7 @@
 
 #include "zenu/grid/rows/CGCOrdinaryRow.h"
 #include "zenu/grid/rows/CGCSection.h"
+#include "zenu/grid/rows/CollectRows.h"
 #include "zenu/grid/rows/IGCRowVisitor.h"
 
 #include <vector>
@@ -46,26 +47,9 @@ void forEachOrdinaryRow(RowSpan top, Visit const & visit)
 // A row and all rows under it, parents first.
 inline std::vector<IGCRow *> collectSubtree(IGCRow * top, ISlimGridCallbackWrapper * wrapper)
 {
-    struct Level
-    {
-        RowSpan rows;
-        int next;
-    };
-    std::vector<IGCRow *> collected{top};
-    std::vector<Level> levels{{top->GetChildren(wrapper), 0}};
-    while (!levels.empty()) {
-        Level & level = levels.back();
-        if (level.next == level.rows.count()) {
-            levels.pop_back();
-            continue;
-        }
-        IGCRow * const row = level.rows[level.next++];
-        collected.push_back(row);
-        if (!level.rows.areLonely()) {
-            levels.push_back({row->GetChildren(wrapper), 0});
-        }
-    }
-    return collected;
+    std::vector<IGCRow *> rows;
+    collectRows(RowSpan(&top, 1), wrapper, rows);
+    return rows;
 }
 
 } // namespace zenu

@@ -62,24 +62,24 @@ bool CGCOrdinaryRow::IsExpanded() const
     return (rowFlags & expandedFlag) != 0;
 }
 
-bool CGCOrdinaryRow::InsertChildrenAfter(std::vector<IGCRow *> const & rows, tag_HROW * position)
+bool CGCOrdinaryRow::InsertChildrenAfter(std::span<IGCRow * const> rows, tag_HROW * position)
 {
     return InsertChildren(rows, position, true);
 }
 
-bool CGCOrdinaryRow::InsertChildrenBefore(std::vector<IGCRow *> const & rows, tag_HROW * position)
+bool CGCOrdinaryRow::InsertChildrenBefore(std::span<IGCRow * const> rows, tag_HROW * position)
 {
     return InsertChildren(rows, position, false);
 }
 
 bool CGCOrdinaryRow::InsertChildAfter(IGCRow * row, tag_HROW * position)
 {
-    return InsertChildrenAfter({row}, position);
+    return InsertChildrenAfter({&row, 1}, position);
 }
 
 bool CGCOrdinaryRow::InsertChildBefore(IGCRow * row, tag_HROW * position)
 {
-    return InsertChildrenBefore({row}, position);
+    return InsertChildrenBefore({&row, 1}, position);
 }
 
 bool CGCOrdinaryRow::DeleteChild(IGCRow * row)
@@ -237,8 +237,7 @@ std::size_t CGCOrdinaryRow::ChildBytes() const
     return children ? sizeof(ChildRows) + children->bytes() : 0;
 }
 
-bool CGCOrdinaryRow::InsertChildren(std::vector<IGCRow *> const & rows, tag_HROW * position,
-                                    bool after)
+bool CGCOrdinaryRow::InsertChildren(std::span<IGCRow * const> rows, tag_HROW * position, bool after)
 {
     rowFlags |= hasChildrenFlag;
     if (!children) {

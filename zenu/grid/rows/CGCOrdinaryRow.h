@@ -39,8 +39,8 @@ public:
     void ExpandRow(ISlimGridCallbackWrapper * wrapper) override;
     void CollapseRow() override;
     bool IsExpanded() const override;
-    bool InsertChildrenAfter(std::vector<IGCRow *> const & rows, tag_HROW * position) override;
-    bool InsertChildrenBefore(std::vector<IGCRow *> const & rows, tag_HROW * position) override;
+    bool InsertChildrenAfter(std::span<IGCRow * const> rows, tag_HROW * position) override;
+    bool InsertChildrenBefore(std::span<IGCRow * const> rows, tag_HROW * position) override;
     bool InsertChildAfter(IGCRow * row, tag_HROW * position) override;
     bool InsertChildBefore(IGCRow * row, tag_HROW * position) override;
     bool DeleteChild(IGCRow * row) override;
@@ -61,8 +61,7 @@ public:
     bool AssertValid(ColumnSet const & columns) override;
     void TakeChildren(std::vector<IGCRow *> & out) override;
 
-    virtual bool InsertChildren(std::vector<IGCRow *> const & rows, tag_HROW * position,
-                                bool after);
+    virtual bool InsertChildren(std::span<IGCRow * const> rows, tag_HROW * position, bool after);
 
     std::span<GridItem> Items() const { return {items, itemCount}; }
     // Null for a column that the row has no item of.

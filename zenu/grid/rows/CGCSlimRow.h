@@ -6,12 +6,37 @@
 
 namespace zenu {
 
-// A row without content: its texts, looks and checks are the application's, asked for at the moment
-// they are needed. 32 bytes; it never has children.
-class ZENU_TEST_EXPORT CGCLonelySlimRow : public IGCRow
+// What rows without content have in common: no cells, and no children that anyone could insert.
+class ZENU_TEST_EXPORT RowWithoutContent : public IGCRow
 {
 public:
     using IGCRow::IGCRow;
+
+    bool InsertChildrenAfter(std::span<IGCRow * const>, tag_HROW *) final { return false; }
+    bool InsertChildrenBefore(std::span<IGCRow * const>, tag_HROW *) final { return false; }
+    bool InsertChildAfter(IGCRow *, tag_HROW *) final { return false; }
+    bool InsertChildBefore(IGCRow *, tag_HROW *) final { return false; }
+    bool RemoveChild(IGCRow *) final { return false; }
+    void DeleteAllChildren() final {}
+    void AddColumnItem(CGCColumn *) final {}
+    void RemoveColumnItem(CGCColumn *) final {}
+    void DestroyItems(ColumnSet const &) final {}
+    void SetFocusCell(bool, int) final {}
+    void MarkCell(bool, int) final {}
+    void SetHotCell(CGCColumn *) final {}
+    void ClearHotCell(CGCColumn *) final {}
+    void FreeGarbage(ColumnSet const &) final {}
+    void ColumnKindChanged(CGCColumn *) final {}
+    bool AssertValid(ColumnSet const &) final { return true; }
+    void TakeChildren(std::vector<IGCRow *> &) final {}
+};
+
+// A row whose texts, looks and checks are the application's, asked for at the moment they are
+// needed. 32 bytes; it never has children.
+class ZENU_TEST_EXPORT CGCLonelySlimRow : public RowWithoutContent
+{
+public:
+    using RowWithoutContent::RowWithoutContent;
 
     int GetChildCount(ISlimGridCallbackWrapper *) override { return 0; }
     IGCRow * GetChild(int) override { return nullptr; }
@@ -20,32 +45,15 @@ public:
     void ExpandRow(ISlimGridCallbackWrapper *) override {}
     void CollapseRow() override {}
     bool IsExpanded() const override { return false; }
-    bool InsertChildrenAfter(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
-    bool InsertChildrenBefore(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
-    bool InsertChildAfter(IGCRow *, tag_HROW *) override { return false; }
-    bool InsertChildBefore(IGCRow *, tag_HROW *) override { return false; }
     bool DeleteChild(IGCRow * row) override;
-    bool RemoveChild(IGCRow *) override { return false; }
-    void DeleteAllChildren() override {}
-    void AddColumnItem(CGCColumn *) override {}
-    void RemoveColumnItem(CGCColumn *) override {}
-    void DestroyItems(ColumnSet const &) override {}
-    void SetFocusCell(bool, int) override {}
-    void MarkCell(bool, int) override {}
-    void SetHotCell(CGCColumn *) override {}
-    void ClearHotCell(CGCColumn *) override {}
-    void FreeGarbage(ColumnSet const &) override {}
-    void ColumnKindChanged(CGCColumn *) override {}
     void Accept(IGCRowVisitor * visitor) override;
-    bool AssertValid(ColumnSet const &) override { return true; }
-    void TakeChildren(std::vector<IGCRow *> &) override {}
 };
 
 static_assert(sizeof(CGCLonelySlimRow) == 32 || sizeof(void *) != 8);
 
 // A slim row that may have children: 40 bytes. They come from the callback when the row is expanded
 // or counted, all in one block, and go with ResetSlimRow; rows can't be inserted under it.
-class ZENU_TEST_EXPORT CGCSlimRow : public IGCRow
+class ZENU_TEST_EXPORT CGCSlimRow : public RowWithoutContent
 {
 public:
     // Head of one allocation that holds all children of a slim row behind it. Of three states of a
@@ -65,7 +73,7 @@ public:
         ~CSubRows() = default; // blocks are freed as raw memory, their rows with them
     };
 
-    using IGCRow::IGCRow;
+    using RowWithoutContent::RowWithoutContent;
     ~CGCSlimRow() override;
 
     int GetChildCount(ISlimGridCallbackWrapper * wrapper) override;
@@ -77,25 +85,8 @@ public:
     // The children stay loaded.
     void CollapseRow() override;
     bool IsExpanded() const override;
-    bool InsertChildrenAfter(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
-    bool InsertChildrenBefore(std::vector<IGCRow *> const &, tag_HROW *) override { return false; }
-    bool InsertChildAfter(IGCRow *, tag_HROW *) override { return false; }
-    bool InsertChildBefore(IGCRow *, tag_HROW *) override { return false; }
     bool DeleteChild(IGCRow *) override { return false; }
-    bool RemoveChild(IGCRow *) override { return false; }
-    void DeleteAllChildren() override {}
-    void AddColumnItem(CGCColumn *) override {}
-    void RemoveColumnItem(CGCColumn *) override {}
-    void DestroyItems(ColumnSet const &) override {}
-    void SetFocusCell(bool, int) override {}
-    void MarkCell(bool, int) override {}
-    void SetHotCell(CGCColumn *) override {}
-    void ClearHotCell(CGCColumn *) override {}
-    void FreeGarbage(ColumnSet const &) override {}
-    void ColumnKindChanged(CGCColumn *) override {}
     void Accept(IGCRowVisitor * visitor) override;
-    bool AssertValid(ColumnSet const &) override { return true; }
-    void TakeChildren(std::vector<IGCRow *> &) override {}
 
     CSubRows * SubRows() const { return subRows; }
     // Frees the block, if any, and the blocks under it, and makes a loaded one of `count` rows with

@@ -67,7 +67,7 @@ std::ptrdiff_t ChildRows::slotOfHandle(tag_HROW * position) const
     return found == slots.end() ? -1 : found - slots.begin();
 }
 
-bool ChildRows::insert(std::vector<IGCRow *> const & rows, tag_HROW * position, bool after)
+bool ChildRows::insert(std::span<IGCRow * const> rows, tag_HROW * position, bool after)
 {
     std::size_t at = 0;
     if (position == GCI_LAST) {

@@ -2,6 +2,7 @@
 
 #include "zenu/grid/rows/IGCRow.h"
 
+#include <span>
 #include <vector>
 
 namespace zenu {
@@ -20,7 +21,11 @@ public:
 
     // After or before the child with this handle, which may be any value, or GCI_FIRST, GCI_LAST.
     // False when it is no child. O(1) for GCI_LAST and for the child inserted last.
-    bool insert(std::vector<IGCRow *> const & rows, tag_HROW * position, bool after);
+    bool insert(std::span<IGCRow * const> rows, tag_HROW * position, bool after);
+    bool insert(IGCRow * row, tag_HROW * position, bool after)
+    {
+        return insert(std::span<IGCRow * const>(&row, 1), position, after);
+    }
     // Index of a live row, -1 when it is no child or null. O(1) but for a pass after many changes.
     int indexOf(IGCRow const * row) const;
     // False when the live row is no child or null. O(1) as indexOf.

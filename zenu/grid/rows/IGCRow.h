@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace zenu {
@@ -91,8 +92,8 @@ public:
     // Insert after or before `position`, a child's handle, GCI_FIRST or GCI_LAST, and take the rows
     // as children. False when the class takes no children or `position` is none: nothing is
     // inserted and the rows stay the caller's.
-    virtual bool InsertChildrenAfter(std::vector<IGCRow *> const & rows, tag_HROW * position) = 0;
-    virtual bool InsertChildrenBefore(std::vector<IGCRow *> const & rows, tag_HROW * position) = 0;
+    virtual bool InsertChildrenAfter(std::span<IGCRow * const> rows, tag_HROW * position) = 0;
+    virtual bool InsertChildrenBefore(std::span<IGCRow * const> rows, tag_HROW * position) = 0;
     virtual bool InsertChildAfter(IGCRow * row, tag_HROW * position) = 0;
     virtual bool InsertChildBefore(IGCRow * row, tag_HROW * position) = 0;
     // Deletes the row, child or not; false when it was no child. A slim row deletes nothing.
