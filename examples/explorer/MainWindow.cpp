@@ -26,6 +26,7 @@ namespace {
 
 constexpr QSize startSize(1000, 680);
 constexpr int labelMargin = 6;
+constexpr unsigned mostFittedRows = 1'000'000;
 
 // Home as "~", the way people write it.
 QString shortPath(std::string const & path)
@@ -126,9 +127,8 @@ void MainWindow::addTreeActions()
     }));
     menu->addSeparator();
     tools->addSeparator();
-    tools->addAction(addAction(menu, "&Fit columns", Qt::CTRL | Qt::Key_F, [this] {
-        timed("Columns fitted", [this] { files->fitColumns(); });
-    }));
+    tools->addAction(
+        addAction(menu, "&Fit columns", Qt::CTRL | Qt::Key_F, [this] { fitColumns(); }));
 }
 
 void MainWindow::addSortActions()
@@ -228,6 +228,16 @@ void MainWindow::openCurrentRow(unsigned code)
 void MainWindow::expandAll()
 {
     timed("All expanded", [this] { files->Expand(nullptr, zenu::GCE_EXPANDALL); });
+}
+
+// Fitting measures every text of every row, so it is left out where that would take minutes.
+void MainWindow::fitColumns()
+{
+    if (files->GetExpandedCount() > mostFittedRows) {
+        time->setText(QStringLiteral("Too many rows to fit columns"));
+    } else {
+        timed("Columns fitted", [this] { files->fitColumns(); });
+    }
 }
 
 void MainWindow::reload()

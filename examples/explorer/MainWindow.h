@@ -56,6 +56,7 @@ private:
     void openCurrent();
     void openParent();
     void openCurrentRow(unsigned code);
+    void fitColumns();
     void reload();
     void sort(Column column);
     void timed(char const * what, Step const & step);

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void keys_walkOpenAndClose();
     void keys_sortAndTurnTheOrder();
     void keys_scroll();
+    void fittingColumns_isRefusedForMillionsOfRows();
     void return_makesTheCurrentDirectoryTheTop();
     void parent_ofTheTopBecomesTheTop();
     void reload_showsWhatChanged();
@@ -110,6 +111,18 @@ void tst_MainWindow::keys_scroll()
     QVERIFY(window.grid()->GetTopIndex() != first);
     QTest::keyClick(&window, Qt::Key_PageUp);
     QCOMPARE(window.grid()->GetTopIndex(), first);
+}
+
+void tst_MainWindow::fittingColumns_isRefusedForMillionsOfRows()
+{
+    MainWindow window;
+    window.showRows(2000);
+    open(window);
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(statusOf(window).contains(QStringLiteral("Columns fitted in")));
+    window.showRows(1000000);
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(statusOf(window).contains(QStringLiteral("Too many rows to fit columns")));
 }
 
 void tst_MainWindow::return_makesTheCurrentDirectoryTheTop()
