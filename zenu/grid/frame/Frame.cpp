@@ -10,7 +10,6 @@
 #include <QFontMetrics>
 
 #include <algorithm>
-#include <utility>
 
 namespace zenu {
 
@@ -116,7 +115,7 @@ unsigned long KGridCtrl::PrivateData::SetExtendedStyle(unsigned long word)
 
 bool KGridCtrl::PrivateData::Reset()
 {
-    if (IsTreeLocked()) {
+    if (IsTreeLocked() || !loading.empty()) {
         return false;
     }
     nextColumnId = 0;
@@ -179,9 +178,6 @@ void KGridCtrl::PrivateData::OnRowsLaidOut()
     UpdateVerticalBar();
     if (!paintsAll) {
         grid->update();
-    }
-    if (std::exchange(changedInRebuild, false)) {
-        Invalidate();
     }
 }
 

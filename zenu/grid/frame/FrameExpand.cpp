@@ -118,6 +118,7 @@ private:
     // Levels have moved, grown or shrunk.
     void lookUpLevels()
     {
+        TreeLock const lock(frame);
         version = frame->treeVersion;
         for (Level & level : levels) {
             level.rows = level.parent ? level.parent->GetChildren(frame->Wrapper())

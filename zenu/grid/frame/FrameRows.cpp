@@ -126,10 +126,17 @@ void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
 bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
 {
     IGCRow * const parent = row->parent;
-    if (IsTreeLocked() || (parent && dynamic_cast<CGCSlimRow *>(parent))) {
-        return false; // only its parent's block owns a slim child
+    if (IsTreeLocked() || IsLoading(row)) {
+        return false;
     }
-    std::vector<IGCRow *> const dying = collectSubtree(row, Wrapper());
+    if (parent && dynamic_cast<CGCSlimRow *>(parent)) {
+        return false; // only its parent's block owns it
+    }
+    std::vector<IGCRow *> dying;
+    {
+        TreeLock const lock(this);
+        dying = collectSubtree(row, Wrapper());
+    }
     for (IGCRow * const each : dying) {
         if (IsFocused(each)) {
             ClearFocus();
@@ -155,7 +162,7 @@ bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
 
 bool KGridCtrl::PrivateData::DeleteAllRows()
 {
-    if (IsTreeLocked()) {
+    if (IsTreeLocked() || (!loading.empty() && !destroying)) {
         return false;
     }
     if (!destroying) {

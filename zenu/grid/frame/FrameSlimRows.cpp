@@ -111,27 +111,36 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
     if (count < 1 || !slimCallback) {
         return;
     }
-    TreeLock const lock(this);
     std::unique_ptr<GC_SLIMROWDATA[]> const records(
         new (std::nothrow) GC_SLIMROWDATA[static_cast<std::size_t>(count)]);
     if (!records) {
         return;
     }
     loading.push_back(row);
-    slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count, records.get());
-    loading.pop_back();
+    {
+        TreeLock const lock(this);
+        slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count,
+                                 records.get());
+    }
     bool const lonely =
         std::none_of(records.get(), records.get() + count,
                      [](GC_SLIMROWDATA const & record) { return record.hasChildren != 0; });
-    CGCSlimRow::CSubRows * const block = row->CreateBlock(lonely, expanded, count);
-    if (!block) {
-        return;
+    if (CGCSlimRow::CSubRows * const block = row->CreateBlock(lonely, expanded, count)) {
+        enterSubRows(block->GetRows(), records.get());
+        if (slimCallback) {
+            slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
+                                           records.get());
+        }
     }
-    RowSpan const rows = block->GetRows();
+    loading.pop_back();
+}
+
+void KGridCtrl::PrivateData::enterSubRows(RowSpan rows, GC_SLIMROWDATA * records)
+{
     DropAllRowsWalk();
     locator->AddRange(rows);
-    for (int i = 0; i < count; ++i) {
-        GC_SLIMROWDATA & record = records[static_cast<std::size_t>(i)];
+    for (int i = 0; i < rows.count(); ++i) {
+        GC_SLIMROWDATA & record = records[i];
         IGCRow * const child = rows[i];
         record.row = child->Handle();
         child->param = static_cast<unsigned long>(record.param);
@@ -140,10 +149,16 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
             SetRowHeight(child, record.height);
         }
     }
-    if (slimCallback) {
-        slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
-                                       records.get());
-    }
+}
+
+bool KGridCtrl::PrivateData::IsLoading(IGCRow const * row) const
+{
+    return std::ranges::any_of(loading, [=](IGCRow const * each) {
+        while (each && each != row) {
+            each = each->parent;
+        }
+        return each != nullptr;
+    });
 }
 
 bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
@@ -204,7 +219,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
 bool KGridCtrl::PrivateData::ResetSlimRow(IGCRow * row)
 {
     auto * const slim = dynamic_cast<CGCSlimRow *>(row);
-    if (!slim || IsTreeLocked()) {
+    if (!slim || IsTreeLocked() || IsLoading(slim)) {
         return false;
     }
     resetSubRows(slim);
@@ -236,6 +251,7 @@ void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
 {
     std::vector<ResetLevel> levels;
     auto const open = [&](CGCSlimRow * row) {
+        TreeLock const lock(this);
         DropChildWalk(row);
         levels.emplace_back(row, row->GetChildren(Wrapper()));
     };

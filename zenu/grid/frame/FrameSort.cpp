@@ -1,4 +1,5 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/order/StableSort.h"
 #include "zenu/util/StringUtils.h"
@@ -119,6 +120,7 @@ void KGridCtrl::PrivateData::sortByText(std::vector<IGCRow *> & rows, CGCColumn 
 
 void KGridCtrl::PrivateData::SortRows(std::vector<IGCRow *> & rows)
 {
+    TreeLock const lock(this);
     if (sortColumn != GC_NOCOLUMN) {
         if (CGCColumn * const column = columns.find(sortColumn)) {
             sortByText(rows, column);

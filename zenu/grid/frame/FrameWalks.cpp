@@ -1,4 +1,5 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
+#include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/handles/CSafeLocator.h"
 
@@ -33,8 +34,7 @@ IGCRow * KGridCtrl::PrivateData::nextInWalk(unsigned flags, tag_HROW * handle)
     switch (flags) {
     case GCN_ALL_FIRST:
         allRowsWalk.reset();
-        allRowsWalk = locator->CreateWalk();
-        return allRowsWalk->First();
+        return firstOfAll();
     case GCN_ALL_NEXT:
         return allRowsWalk ? allRowsWalk->Next(given) : nullptr;
     case GCN_SHOWN_FIRST:
@@ -57,8 +57,18 @@ IGCRow * KGridCtrl::PrivateData::nextInWalk(unsigned flags, tag_HROW * handle)
     }
 }
 
+// A walk that loads rows while it is made is dropped by what it loads.
+IGCRow * KGridCtrl::PrivateData::firstOfAll()
+{
+    TreeLock const lock(this);
+    std::unique_ptr<IRowCacheIterator> walk = locator->CreateWalk();
+    allRowsWalk = std::move(walk);
+    return allRowsWalk->First();
+}
+
 IGCRow * KGridCtrl::PrivateData::firstChild(tag_HROW * handle)
 {
+    TreeLock const lock(this);
     if (handle == GC_ROOT) {
         rootChildWalk = std::make_unique<ChildWalk>(this, Wrapper());
         return rootChildWalk->First();
@@ -75,6 +85,7 @@ IGCRow * KGridCtrl::PrivateData::firstChild(tag_HROW * handle)
 // O(1); without one the sibling is searched.
 IGCRow * KGridCtrl::PrivateData::sibling(IGCRow * row, bool next)
 {
+    TreeLock const lock(this);
     ChildWalk * walk = rootChildWalk.get();
     if (row->parent) {
         auto const found = childWalks.find(row->parent);

@@ -135,7 +135,9 @@ public:
     void ForgetRow(IGCRow * row);
     // Rows and columns can neither come nor go now: someone walks over them and asks the
     // application on the way.
-    bool IsTreeLocked() const { return treeLocks != 0 || IsRebuilding(); }
+    bool IsTreeLocked() const { return treeLocks != 0; }
+    // The row, or one below it, is being loaded, and must outlive that.
+    bool IsLoading(IGCRow const * row) const;
 
     // Expansion: FrameExpand.cpp
     void Expand(IGCRow * row, unsigned code);
@@ -212,13 +214,6 @@ public:
     void Paint(QRegion const & exposed);
     CDrawContext DrawContext();
 
-    // From within a rebuild, whose callbacks may expand and sort: the next one takes it up.
-    void Invalidate()
-    {
-        changedInRebuild = IsRebuilding();
-        CVisibleRows::Invalidate();
-    }
-
     // IGCRowParent and the slots of the visible rows
     int GetChildCount(ISlimGridCallbackWrapper * wrapper) override;
     IGCRow * GetChild(int index) override;
@@ -262,7 +257,6 @@ public:
     bool shown = true; // between showEvent and hideEvent
     bool destroying = false;
     unsigned treeVersion = 0; // another one after each row that comes or goes
-    bool changedInRebuild = false;
     int treeLocks = 0;
     RowWatch * watches = nullptr;  // on the stack, the last one first
     bool hasOrphanHeights = false; // of rows that could not be inserted
@@ -304,6 +298,7 @@ private:
     bool expandInTree(IGCRow * row, bool expand, bool movesFocus);
     void updateBelowRows();
     void resetSubRows(CGCSlimRow * top);
+    void enterSubRows(RowSpan rows, GC_SLIMROWDATA * records);
     void sortByText(std::vector<IGCRow *> & rows, CGCColumn * column);
     void rebuildHeader();
     CGCColumn * changeKind(CGCColumn * column, int kind);
@@ -320,6 +315,7 @@ private:
     void scrollRows(int newTop);
     void scrollColumns(int newLeft);
     IGCRow * nextInWalk(unsigned flags, tag_HROW * handle);
+    IGCRow * firstOfAll();
     IGCRow * firstChild(tag_HROW * handle);
     IGCRow * sibling(IGCRow * row, bool next);
     tag_HROW * relative(unsigned flags, IGCRow * row);
