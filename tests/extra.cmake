@@ -30,3 +30,10 @@ if(TARGET tests_explorer)
                                ZENU_EXPLORER="$<TARGET_FILE:zenu_explorer>")
     add_dependencies(tests_explorer zenu_explorer)
 endif()
+
+# The grid's scrolled picture at the ratios where a blit falls between device pixels or is refused.
+foreach(ratio 1.25 1.5 2)
+    add_test(NAME grid_blit_${ratio} COMMAND tests_grid_blit)
+    set_tests_properties(grid_blit_${ratio} PROPERTIES
+        ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
+endforeach()

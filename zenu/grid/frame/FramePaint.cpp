@@ -9,13 +9,14 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zenu {
 
 namespace {
 
-constexpr int largestPieceCount = 4; // of an exposed region that is painted piece by piece
-constexpr int patternSize = 8;       // pixels after which a half-tone repeats itself
+constexpr int largestPieceCount = 16; // of an exposed region that is painted piece by piece
+constexpr int patternSize = 8;        // device pixels after which a half-tone repeats itself
 
 } // namespace
 
@@ -64,17 +65,20 @@ void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
     // Coordinates start at the top of the first row on display, not at that of the first row: far
     // down a long list the painter's fixed point numbers would overflow.
     painter.translate(-hScrollPos, headerHeight);
-    // Half-tones are anchored to the contents, so that those of pixels that were moved and those
-    // painted anew go together.
-    painter.setBrushOrigin(0, -static_cast<int>(TopPosition() % patternSize));
+    painter.setBrushOrigin(halfToneOrigin(painter.device()->devicePixelRatioF()));
     TreeLock const lock(this);
     if (slimCallback) {
         slimCallback->BeginPaint();
     }
     if (exposed.rectCount() <= largestPieceCount) {
         for (QRect const & piece : exposed) {
+            // Qt rounds images at fractional pixel ratios otherwise where the clip is one rectangle
+            // than where it is more: with one each, a partial paint gives the picture of a whole
+            // one. What lies beyond the piece is cut by Qt's own clip.
+            painter.setClipRect(piece.adjusted(-1, -1, 1, 1).translated(hScrollPos, -headerHeight));
             paintRows(&painter, piece, context);
         }
+        painter.setClipping(false);
     } else {
         paintRows(&painter, exposed.boundingRect(), context);
     }
@@ -82,6 +86,19 @@ void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
         slimCallback->EndPaint();
     }
     paintAround(&painter, exposed.boundingRect());
+}
+
+// Half-tones go with the contents, so that those of pixels that were moved and those painted anew
+// fit together. A pattern is made of device pixels, but Qt shifts it by as many of them as the
+// painter is translated by logical ones: what is lacking is added here.
+QPoint KGridCtrl::PrivateData::halfToneOrigin(qreal ratio)
+{
+    auto const devicePixels = [=](long long position) {
+        return static_cast<long long>(std::floor(static_cast<double>(position) * ratio));
+    };
+    long long const x = hScrollPos - devicePixels(hScrollPos);
+    long long const y = -devicePixels(TopPosition());
+    return {static_cast<int>(x % patternSize), static_cast<int>(y % patternSize)};
 }
 
 // The rows that meet a rectangle in widget coordinates, below the header.

@@ -320,6 +320,7 @@ private:
     IGCRow * sibling(IGCRow * row, bool next);
     tag_HROW * relative(unsigned flags, IGCRow * row);
     void paintRows(KPainter * painter, QRect const & exposed, CDrawContext const & context);
+    QPoint halfToneOrigin(qreal ratio);
     void paintAround(KPainter * painter, QRect const & exposed);
 };
 
