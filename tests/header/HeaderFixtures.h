@@ -210,6 +210,12 @@ inline QString dump(zenu::KHeaderHitInfo const & hit)
     return text;
 }
 
+inline void paintPending()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
 inline bool resizeCursorShown()
 {
     return QApplication::overrideCursor() &&
