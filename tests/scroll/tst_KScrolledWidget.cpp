@@ -1,46 +1,15 @@
+#include "tests/scroll/ScrolledFixture.h"
 #include "tests/support/TestMain.h"
 
-#include <zenu/scroll/KScrolledWidget.h>
-
-#include <QtGui/QWheelEvent>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QStyleOptionSlider>
 
-#include <functional>
 #include <limits>
 
 using namespace zenu;
+using zenutest::Scrolled;
 
 namespace {
-
-class Scrolled : public KScrolledWidget
-{
-public:
-    using KScrolledWidget::KScrolledWidget;
-
-    bool OnScroll(int hCode, int vCode, unsigned int pos, bool doScroll) override
-    {
-        calls << QStringLiteral("%1 %2 %3 %4").arg(hCode).arg(vCode).arg(pos).arg(doScroll);
-        if (scroll)
-            scroll(hCode, vCode);
-        return answer;
-    }
-    int contentsWidth() const override { return contents.width(); }
-    int contentsHeight() const override { return contents.height(); }
-
-    void resizeWithin(QSize const & size)
-    {
-        resize(size);
-        QResizeEvent event(size, size);
-        resizeEvent(&event);
-    }
-
-    QSize contents{0, 0};
-    QStringList calls;
-    bool answer = true;
-    std::function<void(int, int)> scroll;
-};
 
 QString shownBars(KScrolledWidget const & widget)
 {
@@ -52,55 +21,6 @@ QString shownBars(KScrolledWidget const & widget)
     if (!widget.getCornerWidget()->isHidden())
         text += QLatin1Char('c');
     return text;
-}
-
-QPoint placeOf(QScrollBar * bar, QStyle::SubControl control)
-{
-    QStyleOptionSlider option;
-    option.initFrom(bar);
-    option.subControls = QStyle::SC_None;
-    option.orientation = bar->orientation();
-    option.minimum = bar->minimum();
-    option.maximum = bar->maximum();
-    option.sliderPosition = bar->sliderPosition();
-    option.sliderValue = bar->value();
-    option.singleStep = bar->singleStep();
-    option.pageStep = bar->pageStep();
-    if (bar->orientation() == Qt::Horizontal)
-        option.state |= QStyle::State_Horizontal;
-    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, control, bar).center();
-}
-
-void click(QScrollBar * bar, QStyle::SubControl control)
-{
-    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, placeOf(bar, control));
-}
-
-// Shown, both bars on, each from 0 to 100 at 50 with line step 1 and page step 10.
-void showWithBars(Scrolled & widget)
-{
-    widget.setHScrollBarMode(KScrolledWidget::AlwaysOn);
-    widget.setVScrollBarMode(KScrolledWidget::AlwaysOn);
-    for (QScrollBar * bar : {widget.getHScrollBar(), widget.getVScrollBar()}) {
-        bar->setRange(0, 100);
-        bar->setPageStep(10);
-        bar->setValue(50);
-    }
-    widget.resize(300, 300);
-    widget.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    widget.calls.clear();
-}
-
-QScrollBar * barOf(Scrolled & widget, bool horizontal)
-{
-    return horizontal ? widget.getHScrollBar() : widget.getVScrollBar();
-}
-
-QString call(bool horizontal, int code, int pos)
-{
-    return horizontal ? QStringLiteral("%1 -1 %2 1").arg(code).arg(pos)
-                      : QStringLiteral("-1 %1 %2 1").arg(code).arg(pos);
 }
 
 } // namespace
@@ -120,6 +40,9 @@ private Q_SLOTS:
     void layout_hugeContents_doNotOverflow();
     void alwaysOn_emptyContents_showsTheBar();
     void layout_neverTouchesRangeValueAndSteps();
+    void layout_again_repaintsNothing();
+    void setCornerWidget_bothBars_isPlacedWhereTheyMeet();
+    void destructor_barsAndLabel_goWithTheWidget();
     void modeChange_hasNoEffectUntilTheNextLayout();
     void contentsSizeChanged_runsTheLayout();
     void getClientRect_beforeTheFirstLayout_isNull();
@@ -128,18 +51,6 @@ private Q_SLOTS:
     void setCornerWidget_sameAgain_staysShown();
     void setCornerWidget_keepsTheParent();
     void setCornerWidget_deletedWhileInUse_labelTakesItsPlace();
-    void setValue_callsOnScrollWithCodeSix();
-    void setValue_negative_arrivesAsUnsigned();
-    void click_data();
-    void click();
-    void click_derivedSetsTheValue_barTakesNoStepOfItsOwn();
-    void click_veto_leavesTheBarWhereItWas();
-    void click_atTheEnd_stillAsksForALine();
-    void key_data();
-    void key();
-    void wheel_arrivesAsThumb();
-    void drag_arrivesAsThumb();
-    void menuAction_toMinimum_arrivesAsThumb();
 };
 
 void tst_KScrolledWidget::construction_defaults()
@@ -417,155 +328,49 @@ void tst_KScrolledWidget::setCornerWidget_deletedWhileInUse_labelTakesItsPlace()
     QCOMPARE(shownBars(widget), QStringLiteral("hvc"));
 }
 
-void tst_KScrolledWidget::setValue_callsOnScrollWithCodeSix()
+void tst_KScrolledWidget::layout_again_repaintsNothing()
 {
     Scrolled widget;
-    widget.getHScrollBar()->setRange(0, 100);
-    widget.getVScrollBar()->setRange(0, 100);
-    widget.getHScrollBar()->setValue(7);
-    widget.getVScrollBar()->setValue(8);
-    widget.getVScrollBar()->setValue(8);
-    QCOMPARE(widget.calls, QStringList({call(true, 6, 7), call(false, 6, 8)}));
+    widget.setHScrollBarMode(KScrolledWidget::AlwaysOn);
+    widget.setVScrollBarMode(KScrolledWidget::AlwaysOn);
+    widget.resize(200, 150);
+    widget.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&widget));
+    QTRY_VERIFY(widget.paints > 0);
+    QCoreApplication::processEvents();
+    widget.paints = 0;
+    widget.contents = QSize(1000, 1000);
+    widget.contentsSizeChanged();
+    QCoreApplication::processEvents();
+    QCOMPARE(widget.paints, 0);
 }
 
-void tst_KScrolledWidget::setValue_negative_arrivesAsUnsigned()
+void tst_KScrolledWidget::setCornerWidget_bothBars_isPlacedWhereTheyMeet()
 {
     Scrolled widget;
-    widget.getHScrollBar()->setRange(-3, 3);
-    widget.getHScrollBar()->setValue(-1);
-    QCOMPARE(widget.calls, QStringList(QStringLiteral("6 -1 4294967295 1")));
-}
-
-void tst_KScrolledWidget::click_data()
-{
-    QTest::addColumn<bool>("horizontal");
-    QTest::addColumn<int>("control");
-    QTest::addColumn<int>("code");
-    for (bool const horizontal : {true, false}) {
-        char const * const axis = horizontal ? "horizontal" : "vertical";
-        QTest::addRow("%s arrow back", axis) << horizontal << int(QStyle::SC_ScrollBarSubLine) << 0;
-        QTest::addRow("%s before the thumb", axis)
-            << horizontal << int(QStyle::SC_ScrollBarSubPage) << 1;
-        QTest::addRow("%s behind the thumb", axis)
-            << horizontal << int(QStyle::SC_ScrollBarAddPage) << 2;
-        QTest::addRow("%s arrow forward", axis)
-            << horizontal << int(QStyle::SC_ScrollBarAddLine) << 3;
+    auto * const corner = new QWidget(&widget);
+    widget.setCornerWidget(corner);
+    widget.setHScrollBarMode(KScrolledWidget::AlwaysOn);
+    widget.setVScrollBarMode(KScrolledWidget::AlwaysOn);
+    widget.resizeWithin(QSize(200, 150));
+    int const w = widget.getVScrollBar()->sizeHint().width();
+    int const h = widget.getHScrollBar()->sizeHint().height();
+    QCOMPARE(shownBars(widget), QStringLiteral("hvc"));
+    QCOMPARE(corner->geometry(), QRect(200 - w, 150 - h, w, h));
+    for (QLabel * label : widget.findChildren<QLabel *>()) {
+        QVERIFY(label->isHidden());
     }
 }
 
-void tst_KScrolledWidget::click()
+void tst_KScrolledWidget::destructor_barsAndLabel_goWithTheWidget()
 {
-    QFETCH(bool, horizontal);
-    QFETCH(int, control);
-    QFETCH(int, code);
-    Scrolled widget;
-    showWithBars(widget);
-    QScrollBar * const bar = barOf(widget, horizontal);
-    ::click(bar, static_cast<QStyle::SubControl>(control));
-    QCOMPARE(widget.calls, QStringList(call(horizontal, code, 0)));
-    QCOMPARE(bar->value(), 50);
-    QCOMPARE(bar->sliderPosition(), 50);
-    ::click(bar, static_cast<QStyle::SubControl>(control));
-    QCOMPARE(widget.calls.size(), 2);
-}
-
-void tst_KScrolledWidget::click_derivedSetsTheValue_barTakesNoStepOfItsOwn()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    QScrollBar * const bar = widget.getVScrollBar();
-    widget.scroll = [bar](int, int vCode) {
-        if (vCode == KScrolledWidget::ScrollLineForward)
-            bar->setValue(57);
-    };
-    ::click(bar, QStyle::SC_ScrollBarAddLine);
-    // The nested call is that of any value the derived class sets.
-    QCOMPARE(widget.calls, QStringList({call(false, 3, 0), call(false, 6, 57)}));
-    QCOMPARE(bar->value(), 57);
-    QCOMPARE(bar->sliderPosition(), 57);
-}
-
-void tst_KScrolledWidget::click_veto_leavesTheBarWhereItWas()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    widget.answer = false;
-    ::click(widget.getHScrollBar(), QStyle::SC_ScrollBarAddPage);
-    QCOMPARE(widget.calls, QStringList(call(true, 2, 0)));
-    QCOMPARE(widget.getHScrollBar()->value(), 50);
-    QCOMPARE(widget.getHScrollBar()->sliderPosition(), 50);
-}
-
-void tst_KScrolledWidget::click_atTheEnd_stillAsksForALine()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    QScrollBar * const bar = widget.getVScrollBar();
-    bar->setValue(100);
-    widget.calls.clear();
-    ::click(bar, QStyle::SC_ScrollBarAddLine);
-    QCOMPARE(widget.calls, QStringList(call(false, 3, 0)));
-}
-
-void tst_KScrolledWidget::key_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("down is a line") << int(Qt::Key_Down) << call(false, 3, 0);
-    QTest::newRow("up is a line") << int(Qt::Key_Up) << call(false, 0, 0);
-    QTest::newRow("page down is a page") << int(Qt::Key_PageDown) << call(false, 2, 0);
-    QTest::newRow("page up is a page") << int(Qt::Key_PageUp) << call(false, 1, 0);
-    QTest::newRow("home arrives as thumb") << int(Qt::Key_Home) << call(false, 6, 0);
-    QTest::newRow("end arrives as thumb") << int(Qt::Key_End) << call(false, 6, 100);
-}
-
-void tst_KScrolledWidget::key()
-{
-    QFETCH(int, key);
-    QFETCH(QString, expected);
-    Scrolled widget;
-    showWithBars(widget);
-    QTest::keyClick(widget.getVScrollBar(), static_cast<Qt::Key>(key));
-    QCOMPARE(widget.calls, QStringList(expected));
-}
-
-void tst_KScrolledWidget::wheel_arrivesAsThumb()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    QScrollBar * const bar = widget.getVScrollBar();
-    QPointF const pos = bar->rect().center();
-    QWheelEvent event(pos, bar->mapToGlobal(pos), QPoint(), QPoint(0, -120), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(bar, &event);
-    QVERIFY(bar->value() > 50);
-    QCOMPARE(widget.calls, QStringList(call(false, 6, bar->value())));
-}
-
-void tst_KScrolledWidget::drag_arrivesAsThumb()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    QScrollBar * const bar = widget.getVScrollBar();
-    QPoint const from = placeOf(bar, QStyle::SC_ScrollBarSlider);
-    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, from);
-    QCOMPARE(widget.calls, QStringList());
-    QMouseEvent move(QEvent::MouseMove, from + QPoint(0, 40),
-                     bar->mapToGlobal(from + QPoint(0, 40)), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(bar, &move);
-    QVERIFY(bar->value() > 50);
-    QCOMPARE(widget.calls, QStringList(call(false, 6, bar->value())));
-    QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, from + QPoint(0, 40));
-    QCOMPARE(widget.calls.size(), 1);
-}
-
-void tst_KScrolledWidget::menuAction_toMinimum_arrivesAsThumb()
-{
-    Scrolled widget;
-    showWithBars(widget);
-    widget.getHScrollBar()->triggerAction(QAbstractSlider::SliderToMinimum);
-    QCOMPARE(widget.calls, QStringList(call(true, 6, 0)));
+    auto widget = std::make_unique<Scrolled>();
+    QPointer<QWidget> const children[] = {widget->getHScrollBar(), widget->getVScrollBar(),
+                                          widget->getCornerWidget()};
+    widget.reset();
+    for (QPointer<QWidget> const & child : children) {
+        QVERIFY(!child);
+    }
 }
 
 ZENU_TEST(tst_KScrolledWidget)

@@ -18,6 +18,15 @@ void dropOwnStep(QPointer<QScrollBar> const & bar)
 
 } // namespace
 
+/// What a bar calls for its line and page actions.
+struct ZENU_HIDDEN KScrolledWidget::Steps
+{
+    Step nextLine;
+    Step prevLine;
+    Step nextPage;
+    Step prevPage;
+};
+
 struct ZENU_HIDDEN KScrolledWidget::PrivateData
 {
     explicit PrivateData(KScrolledWidget * widget);
@@ -116,8 +125,16 @@ KScrolledWidget::KScrolledWidget(QWidget * parent, char const * name, unsigned i
     setObjectName(QLatin1String(name));
     connect(d->hBar, &QScrollBar::valueChanged, this, &KScrolledWidget::onHValueChanged);
     connect(d->vBar, &QScrollBar::valueChanged, this, &KScrolledWidget::onVValueChanged);
-    connect(d->hBar, &QScrollBar::actionTriggered, this, &KScrolledWidget::onHAction);
-    connect(d->vBar, &QScrollBar::actionTriggered, this, &KScrolledWidget::onVAction);
+    connect(d->hBar, &QScrollBar::actionTriggered, this, [this](int action) {
+        onAction(d->hBar, action,
+                 {&KScrolledWidget::onHNextLine, &KScrolledWidget::onHPrevLine,
+                  &KScrolledWidget::onHNextPage, &KScrolledWidget::onHPrevPage});
+    });
+    connect(d->vBar, &QScrollBar::actionTriggered, this, [this](int action) {
+        onAction(d->vBar, action,
+                 {&KScrolledWidget::onVNextLine, &KScrolledWidget::onVPrevLine,
+                  &KScrolledWidget::onVNextPage, &KScrolledWidget::onVPrevPage});
+    });
 }
 
 KScrolledWidget::~KScrolledWidget() = default;
@@ -183,48 +200,28 @@ void KScrolledWidget::resizeEvent(QResizeEvent * event)
     d->layout();
 }
 
-void KScrolledWidget::onHAction(int action)
+void KScrolledWidget::onAction(QScrollBar * bar, int action, Steps const & steps)
 {
-    QPointer<QScrollBar> const bar(d->hBar);
+    Step step = nullptr;
     switch (action) {
     case QAbstractSlider::SliderSingleStepAdd:
-        onHNextLine();
+        step = steps.nextLine;
         break;
     case QAbstractSlider::SliderSingleStepSub:
-        onHPrevLine();
+        step = steps.prevLine;
         break;
     case QAbstractSlider::SliderPageStepAdd:
-        onHNextPage();
+        step = steps.nextPage;
         break;
     case QAbstractSlider::SliderPageStepSub:
-        onHPrevPage();
+        step = steps.prevPage;
         break;
     default:
         return; // the rest arrives as a change of value
     }
-    dropOwnStep(bar);
-}
-
-void KScrolledWidget::onVAction(int action)
-{
-    QPointer<QScrollBar> const bar(d->vBar);
-    switch (action) {
-    case QAbstractSlider::SliderSingleStepAdd:
-        onVNextLine();
-        break;
-    case QAbstractSlider::SliderSingleStepSub:
-        onVPrevLine();
-        break;
-    case QAbstractSlider::SliderPageStepAdd:
-        onVNextPage();
-        break;
-    case QAbstractSlider::SliderPageStepSub:
-        onVPrevPage();
-        break;
-    default:
-        return; // the rest arrives as a change of value
-    }
-    dropOwnStep(bar);
+    QPointer<QScrollBar> const guarded(bar);
+    (this->*step)();
+    dropOwnStep(guarded);
 }
 
 void KScrolledWidget::onHValueChanged(int value)

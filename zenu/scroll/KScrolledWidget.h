@@ -106,8 +106,10 @@ private Q_SLOTS:
 private:
     struct PrivateData;
 
-    void onHAction(int action);
-    void onVAction(int action);
+    using Step = void (KScrolledWidget::*)();
+    struct Steps;
+
+    void onAction(QScrollBar * bar, int action, Steps const & steps);
 
     std::unique_ptr<PrivateData> d;
 };
