@@ -33,6 +33,8 @@ private Q_SLOTS:
     void ditherRectangle_static_leavesWhatIsBetweenTheDots();
     void ditherRectangle_secondColor_isNotUsed();
     void ditherLine_bothEnds_dotsOnWhiteAndKeepsTheDottedPen();
+    void ditherLine_anyRatio_whiteLiesUnderTheDotsAlone_data() { zenutest::addRatios(); }
+    void ditherLine_anyRatio_whiteLiesUnderTheDotsAlone();
     void ditherFrame2_anyRatio_isFourStripsWithoutTheLastCorner_data() { zenutest::addRatios(); }
     void ditherFrame2_anyRatio_isFourStripsWithoutTheLastCorner();
     void drawEdge_anyRatio_staysInsideItsRectangle_data() { zenutest::addRatios(); }
@@ -263,6 +265,27 @@ void tst_KPainter::ditherLine_bothEnds_dotsOnWhiteAndKeepsTheDottedPen()
     QCOMPARE(dots + gaps, 19);
     QVERIFY(dots >= 5);
     QVERIFY(gaps >= 5);
+}
+
+void tst_KPainter::ditherLine_anyRatio_whiteLiesUnderTheDotsAlone()
+{
+    QFETCH(double, ratio);
+    QImage const image =
+        zenutest::painted<QImage>(size, ratio, background, [](QPaintDevice * device) {
+            KPainter(device).ditherLine(2, 5, 20, 5, Qt::red, Qt::black);
+        });
+    QSet<int> rows;
+    QSet<QRgb> colors;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != background.rgb()) {
+                rows << y;
+                colors << image.pixel(x, y);
+            }
+        }
+    }
+    QCOMPARE(rows.size(), 1);
+    QCOMPARE(colors, QSet<QRgb>({QColor(Qt::red).rgb(), QColor(Qt::white).rgb()}));
 }
 
 void tst_KPainter::ditherFrame2_anyRatio_isFourStripsWithoutTheLastCorner()

@@ -171,7 +171,8 @@ void KPainter::ditherLine(int x1, int y1, int x2, int y2, QColor const & color, 
     if (!isActive()) {
         return;
     }
-    setPen(QPen(Qt::white));
+    // As thin as the dotted pen at every device pixel ratio, so that it lies under the dots alone.
+    setPen(QPen(Qt::white, 0));
     drawLine(x1, y1, x2, y2);
     setPen(QPen(color, 0, Qt::DotLine));
     drawLine(x1, y1, x2, y2);
