@@ -45,6 +45,7 @@ private Q_SLOTS:
     void cleanup() { noTip(); }
     void construction_noParentAndNoName();
     void qObject_isTheObjectItself();
+    void signal_hasItsArgumentsAndTheirNames();
     void request_argumentsEnterEmpty();
     void request_textIsShown();
     void request_areaBoundsTheTip();
@@ -306,6 +307,15 @@ void tst_KToolTip::nullWidget_isSafe()
     Tip tip(nullptr);
     tip.maybeTip(QPoint(1, 1));
     QVERIFY(!QToolTip::isVisible());
+}
+
+void tst_KToolTip::signal_hasItsArgumentsAndTheirNames()
+{
+    QMetaObject const & meta = KToolTip::staticMetaObject;
+    int const index = meta.indexOfSignal("needToolTipText(QPoint,QRect&,QString&,bool&)");
+    QVERIFY(index >= 0);
+    QCOMPARE(meta.method(index).parameterNames(),
+             QList<QByteArray>({"pos", "tipActiveRect", "strTextToDisplay", "bCancelToolTip"}));
 }
 
 ZENU_TEST(tst_KToolTip)

@@ -27,6 +27,7 @@ public:
     /// The object itself, for connecting.
     QObject * qObject() { return this; }
 
+    /// Turns tip requests of the widget into maybeTip, and lets everything else pass.
     bool eventFilter(QObject * watched, QEvent * event) override;
 
 Q_SIGNALS:
