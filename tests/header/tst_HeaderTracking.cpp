@@ -23,6 +23,11 @@ private Q_SLOTS:
     void pressLeft_fixedItem_doesNotTrack();
     void pressLeft_stickingLastItem_doesNotTrack();
     void pressLeft_notification_mayChangeTheSavedWidth();
+    void pressLeft_dividerWithoutWidth_resizesThatItem();
+    void press_itemsMoveInTheCall_leftKeepsItsHitAndRightTakesANewOne();
+    void pressAndRelease_ofAButton_repaintTheHeader();
+    void focusOut_pressAfterADrag_reportsTheWidthSavedThen();
+    void focusOut_pressedButton_isNoLongerDrawnPressed();
     void pressRight_bodyAndDivider_onlyBodyIsReported();
     void pressMiddle_anywhere_isNotReported();
 
@@ -500,6 +505,87 @@ void tst_HeaderTracking::setCursor_deletesHeader_isSurvived()
     shown.header->onCursor = [&] { delete shown.header.data(); };
     send(shown.header, QEvent::MouseMove, 50, Qt::NoButton);
     QVERIFY(!shown.header);
+}
+
+void tst_HeaderTracking::pressLeft_dividerWithoutWidth_resizesThatItem()
+{
+    ShownHeader shown({100, 0, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.doubleClick(103);
+    shown.press(103, Qt::RightButton);
+    shown.release(103);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; divider 1; right"));
+    shown.press(103);
+    shown.move(133);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 1 0; track 1 30"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 30 100"));
+}
+
+void tst_HeaderTracking::press_itemsMoveInTheCall_leftKeepsItsHitAndRightTakesANewOne()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.recorder.act = [&] { shown.header->setWH(0, 180); };
+    shown.press(150);
+    shown.release(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; click 1"));
+    shown.header->setWH(0, 100);
+    shown.press(150, Qt::RightButton);
+    shown.release(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("right; rightclick 0"));
+    shown.header->setWH(0, 100);
+    shown.doubleClick(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; doubleclick 1"));
+}
+
+void tst_HeaderTracking::pressAndRelease_ofAButton_repaintTheHeader()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    paintPending();
+    shown.header->painted = QRegion();
+    shown.press(50);
+    paintPending();
+    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+    shown.header->painted = QRegion();
+    shown.release(50);
+    paintPending();
+    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+}
+
+void tst_HeaderTracking::focusOut_pressAfterADrag_reportsTheWidthSavedThen()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(100);
+    shown.move(130);
+    shown.release(130);
+    shown.press(50);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out; end 0 100"));
+}
+
+void tst_HeaderTracking::focusOut_pressedButton_isNoLongerDrawnPressed()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatOwnerDraw);
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(50);
+    paintPending();
+    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 1 0")));
+    shown.header->clearFocus();
+    shown.recorder.taken();
+    paintPending();
+    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 0 0")));
 }
 
 ZENU_TEST(tst_HeaderTracking)

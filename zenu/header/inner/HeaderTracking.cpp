@@ -349,8 +349,8 @@ void KHeader::focusOutEvent(QFocusEvent *)
     }
     d->pressed = false;
     int const index = d->pressedItem;
+    invalidateItem(index);
     if (d->tracking) {
-        invalidateItem(index);
         update(false);
     } else if (d->notification && checkItemInternal(index)) {
         int wh = d->savedWH;
