@@ -116,6 +116,16 @@ void KHeader::changed(int index)
     updateItem(d->items[index], false);
 }
 
+template <typename Value>
+void KHeader::setField(int index, Value KHeaderItem::*field, Value value)
+{
+    if (!checkItemInternal(index) || d->items[index].*field == value) {
+        return;
+    }
+    d->items.edit(index).*field = value;
+    changed(index);
+}
+
 void KHeader::setWH(int index, int wh)
 {
     if (!checkItemInternal(index) || d->items[index].m_wh == wh) {
@@ -183,38 +193,22 @@ void KHeader::setSortBitmap(int index, EHeaderSortBitmap sortBitmap)
 
 void KHeader::setLParam(int index, unsigned int lParam)
 {
-    if (!checkItemInternal(index) || d->items[index].m_lParam == lParam) {
-        return;
-    }
-    d->items.edit(index).m_lParam = lParam;
-    changed(index);
+    setField(index, &KHeaderItem::m_lParam, lParam);
 }
 
 void KHeader::setImage(int index, int image)
 {
-    if (!checkItemInternal(index) || d->items[index].m_image == image) {
-        return;
-    }
-    d->items.edit(index).m_image = image;
-    changed(index);
+    setField(index, &KHeaderItem::m_image, image);
 }
 
 void KHeader::setPixmap(int index, QPixmap * pixmap)
 {
-    if (!checkItemInternal(index) || d->items[index].m_pixmap == pixmap) {
-        return;
-    }
-    d->items.edit(index).m_pixmap = pixmap;
-    changed(index);
+    setField(index, &KHeaderItem::m_pixmap, pixmap);
 }
 
 void KHeader::setOrder(int index, int order)
 {
-    if (!checkItemInternal(index) || d->items[index].m_order == order) {
-        return;
-    }
-    d->items.edit(index).m_order = order;
-    changed(index);
+    setField(index, &KHeaderItem::m_order, order);
 }
 
 void KHeader::setSizePercent(int index, double percent)

@@ -283,6 +283,8 @@ private:
 
     void applySize(QSize const & size);
     void changed(int index);
+    template <typename Value>
+    void setField(int index, Value KHeaderItem::*field, Value value);
     void paintEdges(KPainter & painter) const;
     void paintItems(KPainter & painter, QRect const & exposed);
     void paintSpace(KPainter & painter) const;
