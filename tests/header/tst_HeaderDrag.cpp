@@ -18,6 +18,10 @@ class tst_HeaderDrag : public zenutest::Test
 private Q_SLOTS:
     void drag_whenResized_setsWidthAtEachMove();
     void drag_whenResized_releaseKeepsWidth();
+    void drag_whenResized_notificationSeesTheNewWidth();
+    void drag_lineModeBelowMinimum_lineFollowsTheMouse();
+    void drag_lineModeProportional_refusedMoveLeavesTheLine();
+    void drag_proportional_newWidthsAreTheNewShares();
     void drag_belowMinimum_stopsThere();
     void drag_leftOfItem_stopsAtZero();
     void drag_whenResized_repaintsToTheEnd();
@@ -359,6 +363,64 @@ void tst_HeaderDrag::drawDragLine_hiddenHeader_doesNothing()
     header.drawDragLine(3);
     header.drawDragLine(-5);
     header.drawDragLine(100000);
+}
+
+void tst_HeaderDrag::drag_whenResized_notificationSeesTheNewWidth()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    int seen = 0;
+    shown.recorder.act = [&] { seen = shown.header->getItem(0)->getWH(); };
+    shown.press(100);
+    shown.move(130);
+    QCOMPARE(seen, 130);
+}
+
+void tst_HeaderDrag::drag_lineModeBelowMinimum_lineFollowsTheMouse()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatText, 80);
+    QVERIFY(shown.show());
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(100);
+    shown.move(50);
+    QCOMPARE(screen(*shown.header), withLine(before, 50));
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 0 100; track 0 80"));
+    shown.release(50);
+}
+
+void tst_HeaderDrag::drag_lineModeProportional_refusedMoveLeavesTheLine()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    QVERIFY(shown.show());
+    shown.header->addItems({200, 100, 99}, HeaderFormatText, 50);
+    paintPending();
+    QImage const before = screen(*shown.header);
+    shown.press(200);
+    shown.move(250);
+    shown.recorder.taken();
+    shown.move(310);
+    QCOMPARE(screen(*shown.header), withLine(before, 250));
+    QCOMPARE(shown.recorder.taken(), QString());
+    shown.release(310);
+}
+
+void tst_HeaderDrag::drag_proportional_newWidthsAreTheNewShares()
+{
+    ShownHeader shown;
+    shown.header->setProportional(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->addItems({100, 100, 100});
+    shown.press(100);
+    shown.move(200);
+    shown.release(200);
+    QCOMPARE(shown.header->widths(), QStringLiteral("200 100 100"));
+    shown.header->resize(200, 20);
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 50 50"));
 }
 
 ZENU_TEST(tst_HeaderDrag)

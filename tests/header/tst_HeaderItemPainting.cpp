@@ -11,6 +11,7 @@ class tst_HeaderItemPainting : public zenutest::Test
     Q_OBJECT
 private Q_SLOTS:
     void item_withoutTextAndBitmap_showsOnlyItsBackground();
+    void item_narrowerThanItsMargins_showsOnlyItsBackground();
     void item_textFormatAndBitmapUnset_drawsNoBitmap();
     void text_justified_standsWhereTheTableSays_data();
     void text_justified_standsWhereTheTableSays();
@@ -29,6 +30,8 @@ private Q_SLOTS:
     void arrow_inButtonModeOnly_isShown();
     void arrow_eachJustify_standsWhereTheRuleSays_data();
     void arrow_eachJustify_standsWhereTheRuleSays();
+    void arrow_besideAnImage_standsBehindTheText_data();
+    void arrow_besideAnImage_standsBehindTheText();
     void arrow_pressedItem_movesDownAndTextDoesNot();
     void arrow_hotItem_fallsBackToTheSortPixmap();
     void arrow_noRoom_isLeftOut();
@@ -388,6 +391,80 @@ void tst_HeaderItemPainting::arrow_noRoom_isLeftOut()
         header.setSortBitmap(0, HeaderSortFirst);
         QCOMPARE(image(header.picture()), without);
     }
+}
+
+void tst_HeaderItemPainting::item_narrowerThanItsMargins_showsOnlyItsBackground()
+{
+    KPixmapSet images(filled(10, 10, Qt::red), QSize(10, 10), 1, false);
+    QPixmap pixmap = filled(12, 8, Qt::red);
+    struct Row
+    {
+        int format;
+        int width; // at which nothing is left between the margins
+    };
+    for (Row const & row : {Row{HeaderFormatText, 6}, Row{HeaderFormatBitmap, 2}}) {
+        for (int const more : {0, 1}) {
+            Header header({row.width + more}, row.format == HeaderFormatBitmap ? row.format : 0);
+            QImage const background = image(header.picture());
+            header.setPixmapSet(&images);
+            header.setText(0, "Title");
+            header.setImage(0, 0);
+            header.setPixmap(0, &pixmap);
+            header.setFormat(0, row.format);
+            QCOMPARE(image(header.picture()) == background, more == 0);
+        }
+    }
+}
+
+void tst_HeaderItemPainting::arrow_besideAnImage_standsBehindTheText_data()
+{
+    QTest::addColumn<int>("justify");
+    QTest::newRow("left") << 1;
+    QTest::newRow("right: the image leaves no room") << 2;
+    QTest::newRow("centre") << 4;
+}
+
+void tst_HeaderItemPainting::arrow_besideAnImage_standsBehindTheText()
+{
+    QFETCH(int, justify);
+    KPixmapSet images(filled(10, 10, Qt::red), QSize(10, 10), 1, false);
+    Header header({200});
+    header.setButtons(true);
+    header.setPixmapSet(&images);
+    QPixmap expected = header.picture();
+    QRect const content = header.getItemRect(0).adjusted(3, 1, -3, -1);
+    int const t = titleWidth(header, "Title");
+    int imageX = content.left();
+    QRect textRect = content;
+    std::optional<int> arrowX;
+    if (justify == 1) {
+        textRect.setLeft(content.left() + 10 + 5);
+        arrowX = textRect.left() + t + 5;
+    } else if (justify == 2) {
+        imageX = content.right() - 5 - t - 10;
+        textRect.setLeft(content.right() - t);
+    } else {
+        imageX = content.left() + (content.right() - content.left() - 5 - t - 10) / 2;
+        textRect.setLeft(imageX + 10 + 5);
+        textRect.setRight(content.right() - 13);
+        arrowX = textRect.right() + 5 - (textRect.right() - textRect.left() - t) / 2;
+        QVERIFY(*arrowX > textRect.left() + t && *arrowX + 8 < content.right());
+    }
+    int const alignment = justify == 2 ? int(Qt::AlignRight) : int(Qt::AlignLeft);
+    drawTitle(expected, header, textRect, alignment, "Title", header.getTextColor());
+    QPainter p(&expected);
+    p.fillRect(imageX, content.top() + (content.bottom() - content.top() - 10) / 2, 10, 10,
+               Qt::red);
+    if (arrowX) {
+        p.drawPixmap(*arrowX, content.top() + (content.bottom() - content.top() - 8) / 2,
+                     header.getSortPixmap(), 0, 0, 8, 8);
+    }
+    p.end();
+    header.setText(0, "Title");
+    header.setImage(0, 0);
+    header.setJustify(0, EHeaderJustify(justify));
+    header.setFormat(0, HeaderFormatText | HeaderFormatSortFirst);
+    QCOMPARE(image(header.picture()), image(expected));
 }
 
 ZENU_TEST(tst_HeaderItemPainting)

@@ -3,6 +3,9 @@
 
 #include <zenu/header/inner/HeaderLayout.h>
 
+#include <QApplication>
+#include <QFontMetrics>
+
 using namespace zenu;
 using zenutest::dump;
 
@@ -17,6 +20,8 @@ private Q_SLOTS:
     void hitTest();
     void hitTest_displayOrderReversed_dividerIsOfPreviousOnScreen();
     void hitTest_itemOfNegativeWidth_holdsNothing();
+    void totals_mixedItems_sumMinimaAndFixedWidths();
+    void displayText_anyWidthInARealFont_isThatOfTryingEachLength();
     void canTrack_data();
     void canTrack();
     void prepareTrack_fromAnItem_sharesAmongThoseNotFixed();
@@ -356,6 +361,46 @@ void tst_HeaderLayout::arrowX()
     QCOMPARE(found.value_or(-1), x);
     if (found) {
         QVERIFY2(*found + 8 <= 110, "inside the item");
+    }
+}
+
+void tst_HeaderLayout::totals_mixedItems_sumMinimaAndFixedWidths()
+{
+    HeaderTotals const none = HeaderLayout::totals(items(""));
+    QCOMPARE(none.minWidth + none.fixedWidth + none.fixedCount, 0);
+    HeaderTotals const sums = HeaderLayout::totals(items("30/5 40/9f 20/-3 7f"));
+    QCOMPARE(sums.minWidth, 2);
+    QCOMPARE(sums.fixedWidth, 47);
+    QCOMPARE(sums.fixedCount, 2);
+}
+
+void tst_HeaderLayout::displayText_anyWidthInARealFont_isThatOfTryingEachLength()
+{
+    QFontMetrics const metrics(QApplication::font());
+    auto const measure = [&metrics](QString const & text) {
+        QRect const bounds = metrics.boundingRect(text);
+        return bounds.right() - bounds.left();
+    };
+    auto const tried = [&measure](QString const & text, int width) {
+        if (measure(text) <= width) {
+            return text;
+        }
+        qsizetype n = text.size();
+        QString candidate = text + QStringLiteral("...");
+        while (measure(candidate) >= width && n - 1 >= 1) {
+            candidate = text.left(--n) + QStringLiteral("...");
+        }
+        return candidate;
+    };
+    for (QString const & text : {QStringLiteral("AVAVAToWaYefficient"), QStringLiteral("WWWWW"),
+                                 QStringLiteral("il.l.i,'\"!"),
+                                 QString::fromLatin1("Gr\xf6\xdf"
+                                                     "e in \xc4mtern"),
+                                 QStringLiteral("AVA").repeated(30)}) {
+        int const step = text.size() > 64 ? 7 : 1;
+        for (int width = -3; width < measure(text) + 3; width += step) {
+            QCOMPARE(HeaderLayout::displayText(text, width, measure), tried(text, width));
+        }
     }
 }
 

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void buttons_faces_areThoseOfItemButtons_data();
     void buttons_faces_areThoseOfItemButtons();
     void ownerDraw_notification_drawsAllOfTheItem();
+    void paint_partExposed_drawsOnlyTheItemsInIt();
     void ownerDraw_withoutNotification_isDrawnAsUsual();
     void ownerDraw_deletesItems_isSurvived();
     void ownerDraw_painterState_isRestored();
@@ -297,6 +298,18 @@ void tst_HeaderPainting::paint_doubleResolution_isSharp()
     QCOMPARE(sharp.pixel(199, 10), sys(11).rgb());
     QCOMPARE(sharp.pixel(200, 10), sys(13).rgb());
     QCOMPARE(sharp.pixel(197, 10), sys(1).rgb());
+}
+
+void tst_HeaderPainting::paint_partExposed_drawsOnlyTheItemsInIt()
+{
+    ShownHeader shown;
+    shown.header->addItems({50, 50, 50}, HeaderFormatOwnerDraw);
+    QVERIFY(shown.show());
+    paintPending();
+    shown.recorder.taken();
+    shown.header->update(QRect(60, 2, 10, 5), false);
+    paintPending();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("draw 1 0 0"));
 }
 
 ZENU_TEST(tst_HeaderPainting)

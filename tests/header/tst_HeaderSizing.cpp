@@ -14,6 +14,9 @@ private Q_SLOTS:
     void calculatePercent_onInsertion_sharesByWidth();
     void calculatePercent_noWidth_sharesEvenly();
     void calculatePercent_fixedItems_takeNoPart();
+    void calculatePercent_noWidthBesideFixedItems_sharesAmongTheOthers();
+    void postItemsChange_proportional_sticksOnlyWhileBlocked();
+    void resize_proportionalAndSticking_sharesFirstAndThenReachesTheEdge();
     void resize_proportional_sharesWidthByPercentage();
     void resize_proportional_equalItemsStayEqual();
     void resize_proportionalBelowMinima_itemsKeepSizes();
@@ -271,6 +274,39 @@ void tst_HeaderSizing::applyGeometry_shownHeader_resizesItemsOnce()
     shown.header->applyGeometry(QRect(5, 0, 200, 20));
     QCOMPARE(shown.header->geometry(), QRect(5, 0, 200, 20));
     QCOMPARE(shown.header->widths(), QStringLiteral("50 150"));
+}
+
+void tst_HeaderSizing::calculatePercent_noWidthBesideFixedItems_sharesAmongTheOthers()
+{
+    TestHeader header;
+    header.setProportional(true);
+    header.addItems({100}, HeaderFormatFixed);
+    header.addItems({0, 0});
+    QCOMPARE(header.getItem(1)->getSizePercent(), 0.5);
+    QCOMPARE(header.getItem(2)->getSizePercent(), 0.5);
+}
+
+void tst_HeaderSizing::postItemsChange_proportional_sticksOnlyWhileBlocked()
+{
+    ShownHeader shown({100, 50});
+    shown.header->setStickLastToEdge(true);
+    shown.header->setProportional(true);
+    shown.header->postItemsChange();
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 50"));
+    shown.header->blockControl(true);
+    shown.header->postItemsChange();
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 299"));
+}
+
+void tst_HeaderSizing::resize_proportionalAndSticking_sharesFirstAndThenReachesTheEdge()
+{
+    ShownHeader shown({100, 100});
+    QVERIFY(shown.show());
+    shown.header->setStickLastToEdge(true);
+    shown.header->setProportional(true);
+    shown.header->resize(301, 20);
+    // Half of 301, truncated, and what is left.
+    QCOMPARE(shown.header->widths(), QStringLiteral("150 151"));
 }
 
 ZENU_TEST(tst_HeaderSizing)

@@ -20,6 +20,11 @@ private Q_SLOTS:
     void deleteItem_any_fixesOrderArray();
     void deleteItem_badIndex_isRefused();
     void deleteAllItems_items_emptiesBoth();
+    void insertionAndDeletion_repaintTheHeader();
+    void copiedItem_keepsEveryFieldAndGetsAnOrderOfItsOwn();
+    void getSortPixmap_isARisingAndAFallingTriangle();
+    void bareNotification_refusesNothing();
+    void setMinWH_aboveWidth_leavesRepaintToTheCaller();
     void getOrderArray_anyCount_copiesWhatExists();
     void setters_badIndex_areIgnored();
     void setters_value_isStored();
@@ -486,6 +491,105 @@ void tst_KHeader::unusedInterface_calls_doNothing()
     QCOMPARE(item, 0);
     QVERIFY(!header.canStartDragDrop(nullptr, nullptr));
     QVERIFY(!header.acceptDrops());
+}
+
+void tst_KHeader::insertionAndDeletion_repaintTheHeader()
+{
+    ShownHeader shown({50, 60, 70});
+    QVERIFY(shown.show());
+    std::vector<std::function<void(TestHeader &)>> const changes = {
+        [](TestHeader & header) { header.insertItem(0, KHeaderItem()); },
+        [](TestHeader & header) { header.deleteItem(1); },
+        [](TestHeader & header) { header.deleteAllItems(); }};
+    for (auto const & change : changes) {
+        settle(*shown.header);
+        change(*shown.header);
+        QCOMPARE(paintedNow(*shown.header).boundingRect(), shown.header->rect());
+    }
+}
+
+void tst_KHeader::copiedItem_keepsEveryFieldAndGetsAnOrderOfItsOwn()
+{
+    TestHeader header;
+    header.addItems({10, 20});
+    QPixmap pixmap;
+    header.setText(1, "A rather long title that is on the heap");
+    header.setToolTipText(1, "A rather long tip that is on the heap");
+    header.setMinWH(1, 4);
+    header.setFormat(1, 0x6020);
+    header.setLParam(1, 77);
+    header.setImage(1, 3);
+    header.setPixmap(1, &pixmap);
+    header.setJustify(1, HeaderJustifyCenter);
+    header.prepareTrack(0);
+    header.setSizePercent(1, 0.125);
+    KHeaderItem const copy(*header.getItem(1));
+    KHeaderItem assigned;
+    assigned = copy;
+    QCOMPARE(assigned.getOrder(), 1);
+    QCOMPARE(assigned.getSizePercent(), 0.125);
+    QCOMPARE(assigned.getTrackPercent(), 20.0 / 30.0);
+    TestHeader other;
+    other.insertItem(0, assigned);
+    for (KHeaderItem const * item : {&copy, &std::as_const(assigned), other.getItem(0)}) {
+        QCOMPARE(item->getText(), std::string("A rather long title that is on the heap"));
+        QCOMPARE(item->getToolTipText(), std::string("A rather long tip that is on the heap"));
+        QCOMPARE(item->getWH(), 20);
+        QCOMPARE(item->getMinWH(), 4);
+        QCOMPARE(item->getFmt(), 0x6020);
+        QCOMPARE(item->getLParam(), 77u);
+        QCOMPARE(item->getImage(), 3);
+        QCOMPARE(item->getPixmap(), &pixmap);
+        QCOMPARE(int(item->getJustify()), 4);
+        QVERIFY(!item->isValid());
+    }
+    QCOMPARE(other.getItem(0)->getOrder(), 0);
+}
+
+void tst_KHeader::getSortPixmap_isARisingAndAFallingTriangle()
+{
+    char const * const rows[] = {"...#a...########", "..##aa..##....aa", "..#..a...#....a.",
+                                 ".##..aa..##..aa.", ".#....a...#..a..", "##....aa..##aa..",
+                                 "#aaaaaaa...#a...", "................"};
+    TestHeader header;
+    QImage const image =
+        header.getSortPixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < 8; ++y) {
+        for (int x = 0; x < 16; ++x) {
+            char const letter = rows[y][x];
+            QRgb const color = letter == '#' ? 0xff808080 : letter == 'a' ? 0xffffffff : 0;
+            QCOMPARE(image.pixel(x, y), color);
+        }
+    }
+}
+
+void tst_KHeader::bareNotification_refusesNothing()
+{
+    IHeaderNotification bare;
+    int wh = 5;
+    QVERIFY(!bare.onBeginTrack(1, &wh));
+    QVERIFY(!bare.onTrack(1, &wh));
+    QVERIFY(!bare.onEndTrack(1, nullptr));
+    QCOMPARE(wh, 5);
+    bare.onLeftButtonDown();
+    bare.onRightButtonDown();
+    bare.onDoubleClick();
+    bare.onItemClick(1);
+    bare.onItemRightClick(1);
+    bare.onItemDoubleClick(1);
+    bare.onDividerDoubleClick(1);
+    bare.onFocusIn();
+    bare.onFocusOut();
+    bare.onDrawItem(nullptr, 1, nullptr, false, 0);
+}
+
+void tst_KHeader::setMinWH_aboveWidth_leavesRepaintToTheCaller()
+{
+    ShownHeader shown({50, 60});
+    QVERIFY(shown.show());
+    settle(*shown.header);
+    shown.header->setMinWH(0, 80);
+    QVERIFY(paintedNow(*shown.header).isEmpty());
 }
 
 ZENU_TEST(tst_KHeader)
