@@ -31,9 +31,12 @@ if(TARGET tests_explorer)
     add_dependencies(tests_explorer zenu_explorer)
 endif()
 
-# The grid's scrolled picture at the ratios where a blit falls between device pixels or is refused.
-foreach(ratio 1.25 1.5 2)
-    add_test(NAME grid_blit_${ratio} COMMAND tests_grid_blit)
-    set_tests_properties(grid_blit_${ratio} PROPERTIES
-        ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
+# The grid's scrolled picture at the ratios where a blit falls between device pixels or is refused,
+# and the header's picture and drag line where an edge falls between them.
+foreach(folder grid_blit header)
+    foreach(ratio 1.25 1.5 2)
+        add_test(NAME ${folder}_${ratio} COMMAND tests_${folder})
+        set_tests_properties(${folder}_${ratio} PROPERTIES
+            ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
+    endforeach()
 endforeach()

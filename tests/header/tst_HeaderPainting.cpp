@@ -16,6 +16,8 @@ private Q_SLOTS:
     void plain_hotItem_hasTheLightFill();
     void plain_flat_hasLinesAlongBothEdges();
     void plain_vertical_itemsStandBelowEachOther();
+    void noItems_theWholeHeader_isSpace_data();
+    void noItems_theWholeHeader_isSpace();
     void buttons_faces_areThoseOfItemButtons_data();
     void buttons_faces_areThoseOfItemButtons();
     void ownerDraw_notification_drawsAllOfTheItem();
@@ -81,6 +83,51 @@ void tst_HeaderPainting::plain_vertical_itemsStandBelowEachOther()
     drawPlainFace(p, coords(1, 10, 298, 20), false);
     p.fillRect(0, 0, 1, 23, sys(13));
     p.fillRect(298, 0, 1, 23, sys(11));
+    p.end();
+    QCOMPARE(image(header.picture()), image(expected));
+}
+
+void tst_HeaderPainting::noItems_theWholeHeader_isSpace_data()
+{
+    QTest::addColumn<bool>("buttons");
+    QTest::addColumn<bool>("flat");
+    QTest::addColumn<bool>("vert");
+    QTest::newRow("plain") << false << false << false;
+    QTest::newRow("plain vertical") << false << false << true;
+    QTest::newRow("plain flat") << false << true << false;
+    QTest::newRow("plain flat vertical") << false << true << true;
+    QTest::newRow("buttons") << true << false << false;
+    QTest::newRow("buttons vertical") << true << false << true;
+    QTest::newRow("buttons flat") << true << true << false;
+    QTest::newRow("buttons flat vertical") << true << true << true;
+}
+
+void tst_HeaderPainting::noItems_theWholeHeader_isSpace()
+{
+    QFETCH(bool, buttons);
+    QFETCH(bool, flat);
+    QFETCH(bool, vert);
+    Header header;
+    header.setButtons(buttons);
+    header.setFlatView(flat);
+    header.setVert(vert);
+    QPixmap expected = blank(header);
+    KPainter p(&expected);
+    QRect space = header.rect();
+    if (flat) {
+        space = vert ? space.adjusted(1, 0, -1, 0) : space.adjusted(0, 1, 0, -1);
+    }
+    if (buttons) {
+        p.drawItemButton(&space, (flat ? 16 : 0) | (vert ? 8 : 0));
+    } else {
+        drawPlainSpace(p, space);
+    }
+    if (flat && vert) {
+        p.fillRect(0, 0, 1, 23, sys(13));
+        p.fillRect(298, 0, 1, 23, sys(11));
+    } else if (flat) {
+        drawFlatEdges(p, header.rect());
+    }
     p.end();
     QCOMPARE(image(header.picture()), image(expected));
 }

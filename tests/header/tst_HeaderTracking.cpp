@@ -46,6 +46,7 @@ private Q_SLOTS:
     void focusOut_pressedButton_reportsEndOnce();
     void focusOut_tracking_reportsNoEnd();
     void hotTrack_moves_followTheMouse();
+    void hotTrack_anotherItemOrADivider_repaintsTheHeader();
     void hotTrack_leave_clears();
     void hotTrack_off_neverSets();
 
@@ -586,6 +587,20 @@ void tst_HeaderTracking::focusOut_pressedButton_isNoLongerDrawnPressed()
     shown.recorder.taken();
     paintPending();
     QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 0 0")));
+}
+
+void tst_HeaderTracking::hotTrack_anotherItemOrADivider_repaintsTheHeader()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setHotTrack(true);
+    QVERIFY(shown.show());
+    for (int const x : {50, 150, 100, 101}) {
+        paintPending();
+        shown.header->painted = QRegion();
+        shown.move(x);
+        paintPending();
+        QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+    }
 }
 
 ZENU_TEST(tst_HeaderTracking)
