@@ -1,7 +1,7 @@
 #pragma once
 
 // ZENU_EXPORT marks what applications link; everything else in libzenu is hidden.
-// ZENU_TEST_EXPORT marks internals that only this project's own tests and benchmarks reach; it
+// ZENU_TEST_EXPORT marks internals that only this project's own tests reach; it
 // hides what is nested in an exported class, too, which otherwise takes over the export.
 
 #if defined(_WIN32)
