@@ -57,11 +57,10 @@ void KGridCtrl::PrivateData::repaintSelectedRows()
 
 void KGridCtrl::PrivateData::SelectAllVisible()
 {
-    int const count = GetCount();
-    for (int i = 0; i < count; ++i) {
-        selection.insert(GetRowAt(i));
-    }
-    if (count != 0) {
+    std::vector<IGCRow *> scratch;
+    RowSpan const rows = GetRows(0, GetCount(), scratch);
+    selection.insertAll(rows);
+    if (rows.count() != 0) {
         grid->update();
     }
 }
