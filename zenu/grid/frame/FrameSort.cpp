@@ -34,6 +34,12 @@ std::uint64_t foldedPrefix(char const * text)
     return prefix;
 }
 
+// Where the text ends within the first bytes, the last of them is 0.
+bool endsInPrefix(SortKey const & key)
+{
+    return (key.prefix & 0xff) == 0;
+}
+
 // A row without text compares as equal to any other.
 bool isBefore(SortKey const & a, SortKey const & b)
 {
@@ -43,8 +49,68 @@ bool isBefore(SortKey const & a, SortKey const & b)
     if (a.prefix != b.prefix) {
         return a.prefix < b.prefix;
     }
-    bool const endsInPrefix = (a.prefix & 0xff) == 0;
-    return !endsInPrefix && compareNoCase(a.text + prefixSize, b.text + prefixSize) < 0;
+    return !endsInPrefix(a) && compareNoCase(a.text + prefixSize, b.text + prefixSize) < 0;
+}
+
+// From here on the keys of the range are level, and their texts go on: the next bytes decide.
+struct LevelKeys
+{
+    std::size_t first;
+    std::size_t count;
+};
+
+// Adds the ranges of level keys to `found`, each moved on to the next bytes of its texts.
+void findLevelKeys(SortKey * keys, LevelKeys const & sorted, std::vector<LevelKeys> & found)
+{
+    std::size_t const past = sorted.first + sorted.count;
+    for (std::size_t first = sorted.first; first < past;) {
+        std::size_t next = first + 1;
+        while (next < past && keys[next].prefix == keys[first].prefix) {
+            ++next;
+        }
+        if (next - first > 1 && !endsInPrefix(keys[first])) {
+            for (std::size_t i = first; i < next; ++i) {
+                keys[i].text += prefixSize;
+                keys[i].prefix = foldedPrefix(keys[i].text);
+            }
+            found.push_back({first, next - first});
+        }
+        first = next;
+    }
+}
+
+// Sorts keys that all have a text: by their first bytes, then those that are level by the next
+// ones, and so on. Texts that begin alike, as names in a list do, are read once and in order, not
+// at each comparison. Gives the order that a stable sort by isBefore gives.
+void sortByPrefixes(std::vector<SortKey> & keys, bool ascending)
+{
+    std::vector<LevelKeys> pending{{0, keys.size()}};
+    while (!pending.empty()) {
+        LevelKeys const level = pending.back();
+        pending.pop_back();
+        SortKey * const first = keys.data() + level.first;
+        if (ascending) {
+            stableSort(first, level.count,
+                       [](SortKey const & a, SortKey const & b) { return a.prefix < b.prefix; });
+        } else {
+            stableSort(first, level.count,
+                       [](SortKey const & a, SortKey const & b) { return b.prefix < a.prefix; });
+        }
+        findLevelKeys(keys.data(), level, pending);
+    }
+}
+
+// Sorts keys of which some have no text. Such a row is level with any other, which is no order at
+// all, so each pair that meets must be compared as it stands.
+void sortByComparisons(std::vector<SortKey> & keys, bool ascending)
+{
+    if (ascending) {
+        stableSort(keys.data(), keys.size(),
+                   [](SortKey const & a, SortKey const & b) { return isBefore(a, b); });
+    } else {
+        stableSort(keys.data(), keys.size(),
+                   [](SortKey const & a, SortKey const & b) { return isBefore(b, a); });
+    }
 }
 
 // Texts that a callback gives last until it is asked again.
@@ -96,22 +162,24 @@ void KGridCtrl::PrivateData::sortByText(std::vector<IGCRow *> & rows, CGCColumn 
     TextArena arena;
     std::vector<SortKey> keys;
     keys.reserve(rows.size());
+    bool allHaveText = true;
     for (IGCRow * const row : rows) {
         char const * text = ItemText(row, column);
         if (!text) {
             keys.push_back({0, nullptr, row});
+            allHaveText = false;
             continue;
         }
-        std::uint64_t const prefix = foldedPrefix(text);
-        bool const endsInPrefix = (prefix & 0xff) == 0;
-        keys.push_back({prefix, endsInPrefix ? "" : arena.keep(text), row});
+        SortKey key{foldedPrefix(text), "", row};
+        if (!endsInPrefix(key)) {
+            key.text = arena.keep(text);
+        }
+        keys.push_back(key);
     }
-    if (sortAscending) {
-        stableSort(keys.data(), keys.size(),
-                   [](SortKey const & a, SortKey const & b) { return isBefore(a, b); });
+    if (allHaveText) {
+        sortByPrefixes(keys, sortAscending);
     } else {
-        stableSort(keys.data(), keys.size(),
-                   [](SortKey const & a, SortKey const & b) { return isBefore(b, a); });
+        sortByComparisons(keys, sortAscending);
     }
     for (std::size_t i = 0; i < rows.size(); ++i) {
         rows[i] = keys[i].row;
