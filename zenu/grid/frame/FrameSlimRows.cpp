@@ -1,10 +1,12 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include "zenu/grid/inner/LargeBlock.h"
 #include "zenu/grid/rows/CGCSlimRow.h"
 
 #include <algorithm>
-#include <new>
+#include <memory>
+#include <span>
 
 namespace zenu {
 
@@ -12,6 +14,31 @@ namespace {
 
 // An application that says that a row has more children than this means something else.
 constexpr int largestLevel = 1 << 28;
+
+// Fresh records for a level that is loaded, of which there may be ten million.
+class SlimRecords
+{
+public:
+    explicit SlimRecords(int recordCount)
+        : records(static_cast<GC_SLIMROWDATA *>(
+              LargeBlock::allocate(static_cast<std::size_t>(recordCount) * sizeof(GC_SLIMROWDATA))))
+        , count(records ? static_cast<std::size_t>(recordCount) : 0)
+    {
+        std::uninitialized_default_construct_n(records.get(), count);
+    }
+
+    // None when there is no memory for them.
+    std::span<GC_SLIMROWDATA> all() const { return {records.get(), count}; }
+
+private:
+    struct Release
+    {
+        void operator()(GC_SLIMROWDATA * block) const { LargeBlock::release(block); }
+    };
+
+    std::unique_ptr<GC_SLIMROWDATA, Release> records;
+    std::size_t count;
+};
 
 } // namespace
 
@@ -111,42 +138,51 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
     if (count < 1 || !slimCallback) {
         return;
     }
-    std::unique_ptr<GC_SLIMROWDATA[]> const records(
-        new (std::nothrow) GC_SLIMROWDATA[static_cast<std::size_t>(count)]);
-    if (!records) {
+    SlimRecords const buffer(count);
+    std::span<GC_SLIMROWDATA> const records = buffer.all();
+    if (records.empty()) {
         return;
     }
     loading.push_back(row);
     {
         TreeLock const lock(this);
         slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count,
-                                 records.get());
+                                 records.data());
     }
-    bool const lonely =
-        std::none_of(records.get(), records.get() + count,
-                     [](GC_SLIMROWDATA const & record) { return record.hasChildren != 0; });
-    if (CGCSlimRow::CSubRows * const block = row->CreateBlock(lonely, expanded, count)) {
-        enterSubRows(block->GetRows(), records.get());
+    bool anyChildren = false;
+    bool anyHeight = false;
+    for (GC_SLIMROWDATA const & record : records) {
+        anyChildren |= record.hasChildren != 0;
+        anyHeight |= record.height != -1;
+    }
+    if (CGCSlimRow::CSubRows * const block = row->CreateBlock(!anyChildren, expanded, records)) {
+        enterSubRows(block->GetRows());
+        if (anyHeight) {
+            setSubRowHeights(block->GetRows(), records);
+        }
         if (slimCallback) {
             slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
-                                           records.get());
+                                           records.data());
         }
     }
     loading.pop_back();
 }
 
-void KGridCtrl::PrivateData::enterSubRows(RowSpan rows, GC_SLIMROWDATA * records)
+void KGridCtrl::PrivateData::enterSubRows(RowSpan rows)
 {
     DropAllRowsWalk();
     locator->AddRange(rows);
+    for (int i = 0; hasOrphanHeights && i < rows.count(); ++i) {
+        dropOrphanHeight(rows[i]);
+    }
+}
+
+void KGridCtrl::PrivateData::setSubRowHeights(RowSpan rows, std::span<GC_SLIMROWDATA const> records)
+{
     for (int i = 0; i < rows.count(); ++i) {
-        GC_SLIMROWDATA & record = records[i];
-        IGCRow * const child = rows[i];
-        record.row = child->Handle();
-        child->param = static_cast<unsigned long>(record.param);
-        dropOrphanHeight(child);
-        if (record.height != -1) {
-            SetRowHeight(child, record.height);
+        int const height = records[static_cast<std::size_t>(i)].height;
+        if (height != -1) {
+            SetRowHeight(rows[i], height);
         }
     }
 }
@@ -181,13 +217,13 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
         }
         row->param = static_cast<unsigned long>(data.param);
         dropOrphanHeight(row);
-        locator->AddRow(row);
         if (data.height != -1) {
             SetRowHeight(row, data.height);
         }
         data.row = row->Handle();
         rows.push_back(row);
     }
+    locator->AddRange(RowSpan(rows.data(), record->count));
     bool const inserted = parent ? parent->InsertChildrenAfter(rows, record->after)
                                  : InsertAtTop(rows, record->after);
     if (!inserted) {

@@ -298,7 +298,8 @@ private:
     bool expandInTree(IGCRow * row, bool expand, bool movesFocus);
     void updateBelowRows();
     void resetSubRows(CGCSlimRow * top);
-    void enterSubRows(RowSpan rows, GC_SLIMROWDATA * records);
+    void enterSubRows(RowSpan rows);
+    void setSubRowHeights(RowSpan rows, std::span<GC_SLIMROWDATA const> records);
     void sortByText(std::vector<IGCRow *> & rows, CGCColumn * column);
     void rebuildHeader();
     CGCColumn * changeKind(CGCColumn * column, int kind);

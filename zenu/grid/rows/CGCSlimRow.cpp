@@ -1,9 +1,10 @@
 #include "zenu/grid/rows/CGCSlimRow.h"
 
+#include "zenu/grid/GridRecords.h"
 #include "zenu/grid/inner/ISlimGridCallbackWrapper.h"
+#include "zenu/grid/inner/LargeBlock.h"
 #include "zenu/grid/rows/IGCRowVisitor.h"
 
-#include <cstdlib>
 #include <new>
 
 namespace zenu {
@@ -22,23 +23,43 @@ public:
                 std::is_same_v<Row, CGCLonelySlimRow>};
     }
 
+    // Null when there is no memory.
     static CGCSlimRow::CSubRows * create(IGCRow * parent, int rowCount)
     {
-        static_assert(sizeof(RowBlock) % alignof(Row) == 0);
-        void * const memory =
-            std::malloc(sizeof(RowBlock) + static_cast<std::size_t>(rowCount) * sizeof(Row));
-        if (!memory) {
+        RowBlock * const block = allocate(rowCount);
+        for (int i = 0; block && i < rowCount; ++i) {
+            ::new (static_cast<void *>(block->firstRow() + i)) Row(parent);
+        }
+        return block;
+    }
+    static CGCSlimRow::CSubRows * create(IGCRow * parent, std::span<GC_SLIMROWDATA> records)
+    {
+        RowBlock * const block = allocate(static_cast<int>(records.size()));
+        if (!block) {
             return nullptr;
         }
-        auto * const block = ::new (memory) RowBlock;
-        block->count = rowCount;
-        for (int i = 0; i < rowCount; ++i) {
-            ::new (static_cast<void *>(block->firstRow() + i)) Row(parent);
+        Row * place = block->firstRow();
+        for (GC_SLIMROWDATA & record : records) {
+            Row * const row = ::new (static_cast<void *>(place++)) Row(parent);
+            row->param = static_cast<unsigned long>(record.param);
+            record.row = row->Handle();
         }
         return block;
     }
 
 private:
+    static RowBlock * allocate(int rowCount)
+    {
+        static_assert(sizeof(RowBlock) % alignof(Row) == 0);
+        void * const memory = LargeBlock::allocate(
+            sizeof(RowBlock) + static_cast<std::size_t>(rowCount) * sizeof(Row));
+        if (!memory) {
+            return nullptr;
+        }
+        auto * const block = ::new (memory) RowBlock;
+        block->count = rowCount;
+        return block;
+    }
     Row * firstRow() { return reinterpret_cast<Row *>(this + 1); }
 };
 
@@ -128,13 +149,29 @@ void CGCSlimRow::load(ISlimGridCallbackWrapper * wrapper)
 
 CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded, int count)
 {
+    return takeBlock(lonely ? CLonelySlimSubRows::create(this, count)
+                            : CSlimSubRows::create(this, count),
+                     expanded);
+}
+
+CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded,
+                                               std::span<GC_SLIMROWDATA> records)
+{
+    return takeBlock(lonely ? CLonelySlimSubRows::create(this, records)
+                            : CSlimSubRows::create(this, records),
+                     expanded);
+}
+
+// Instead of the block that is there.
+CGCSlimRow::CSubRows * CGCSlimRow::takeBlock(CSubRows * block, bool expanded)
+{
     freeBlock(subRows);
-    subRows = lonely ? CLonelySlimSubRows::create(this, count) : CSlimSubRows::create(this, count);
-    if (subRows) {
-        subRows->loaded = true;
-        subRows->expanded = expanded;
+    subRows = block;
+    if (block) {
+        block->loaded = true;
+        block->expanded = expanded;
     }
-    return subRows;
+    return block;
 }
 
 void CGCSlimRow::DropChildren()
@@ -172,7 +209,7 @@ void CGCSlimRow::freeBlock(CSubRows * first)
                 }
             }
         }
-        std::free(static_cast<void *>(block));
+        LargeBlock::release(static_cast<void *>(block));
     }
 }
 

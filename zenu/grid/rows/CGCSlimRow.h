@@ -3,8 +3,11 @@
 #include "zenu/grid/rows/IGCRow.h"
 
 #include <memory>
+#include <span>
 
 namespace zenu {
+
+struct GC_SLIMROWDATA;
 
 // What rows without content have in common: no cells, and no children that anyone could insert.
 class ZENU_TEST_EXPORT RowWithoutContent : public IGCRow
@@ -93,11 +96,14 @@ public:
     // this parent and param 0. With `lonely` they are the smaller rows that can't have children.
     // Null, and no block, when there is no memory for it.
     CSubRows * CreateBlock(bool lonely, bool expanded, int count);
+    // The same with the param of each record; `row` of each is filled in.
+    CSubRows * CreateBlock(bool lonely, bool expanded, std::span<GC_SLIMROWDATA> records);
     // Forgets the children. An expanded row keeps a shell that loads again when asked.
     void DropChildren();
 
 private:
     void load(ISlimGridCallbackWrapper * wrapper);
+    CSubRows * takeBlock(CSubRows * block, bool expanded);
     static void freeBlock(CSubRows * first);
 
     CSubRows * subRows = nullptr; // owned
