@@ -311,6 +311,7 @@ void CSetItemData::VisitOrdinary(CGCOrdinaryRow * row)
 
 void CSetItemData::VisitSection(CGCSection * row)
 {
+    wholeRow = true;
     if (!record) {
         return;
     }

@@ -119,6 +119,7 @@ public:
 
     bool changed = false;
     bool result = false;
+    bool wholeRow = false; // what was written shows across all cells: the title of a section
 
 private:
     GC_ITEM const * record;

@@ -21,8 +21,8 @@ bool KGridCtrl::PrivateData::SetItem(IGCRow * row, CGCColumn * column, GC_ITEM *
     CSetItemData visitor(record, column);
     row->Accept(&visitor);
     if (visitor.changed) {
-        if (dynamic_cast<CGCSection *>(row)) {
-            InvalidateRow(row); // its title stands for all its cells
+        if (visitor.wholeRow) {
+            InvalidateRow(row);
         } else {
             InvalidateItem(row, column);
         }

@@ -96,15 +96,25 @@ unsigned KGridCtrl::PrivateData::HitElementAt(Hit const & hit, QPoint const & po
     return hitElement(rects, point);
 }
 
+// A widget that drops the request, since it is hidden or takes no updates, is painted as a whole
+// anyway when that ends.
+void KGridCtrl::PrivateData::InvalidateAll()
+{
+    if (!allInvalid) {
+        allInvalid = true;
+        grid->update();
+    }
+}
+
 // While the order waits for its rebuild nothing is known of where a row is; the rebuild that the
 // next paint makes lays out all rows anew, so all is painted.
 void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
 {
-    if (!shown) {
+    if (!shown || allInvalid) {
         return;
     }
     if (IsDirty()) {
-        grid->update();
+        InvalidateAll();
         return;
     }
     if (QRect rect = RowRect(row); !rect.isNull()) {
@@ -116,11 +126,11 @@ void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
 
 void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
 {
-    if (!shown) {
+    if (!shown || allInvalid) {
         return;
     }
     if (IsDirty()) {
-        grid->update();
+        InvalidateAll();
         return;
     }
     if (QRect const rect = ItemRect(row, column); !rect.isNull() && !column->IsHidden()) {

@@ -54,6 +54,7 @@ void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
         return; // a callback of the application led here
     }
     QScopedValueRollback<bool> const painting(inPaint, true);
+    allInvalid = false;
     {
         // Whatever the rebuild changes is painted now, unless only a part is.
         QScopedValueRollback<bool> const all(paintsAll, exposed.contains(grid->rect()) &&

@@ -49,7 +49,12 @@ void KGridCtrl::PrivateData::dropOrphanHeight(IGCRow const * row)
     }
 }
 
-bool KGridCtrl::PrivateData::InsertAtTop(std::vector<IGCRow *> const & rows, tag_HROW * after)
+bool KGridCtrl::PrivateData::InsertAtTop(IGCRow * row, tag_HROW * after)
+{
+    return InsertAtTop(std::span<IGCRow * const>(&row, 1), after);
+}
+
+bool KGridCtrl::PrivateData::InsertAtTop(std::span<IGCRow * const> rows, tag_HROW * after)
 {
     if (!rootRows.insert(rows, after, true)) {
         return false;
@@ -73,7 +78,7 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
         }
         DropChildWalk(parent);
     } else {
-        if (!InsertAtTop({row.get()}, after)) {
+        if (!InsertAtTop(row.get(), after)) {
             return nullptr;
         }
         rootChildWalk.reset();
@@ -94,7 +99,7 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 tag_HROW * KGridCtrl::PrivateData::InsertSection(char const * text, tag_HROW * after)
 {
     auto row = std::make_unique<CGCSection>(columns);
-    if (IsTreeLocked() || !InsertAtTop({row.get()}, after)) {
+    if (IsTreeLocked() || !InsertAtTop(row.get(), after)) {
         return nullptr;
     }
     rootChildWalk.reset();

@@ -128,7 +128,8 @@ public:
     IGCRow * LocateSettled(tag_HROW * handle);
     tag_HROW * InsertRow(GC_ROW * record, tag_HROW * after);
     tag_HROW * InsertSection(char const * text, tag_HROW * after);
-    bool InsertAtTop(std::vector<IGCRow *> const & rows, tag_HROW * after);
+    bool InsertAtTop(IGCRow * row, tag_HROW * after);
+    bool InsertAtTop(std::span<IGCRow * const> rows, tag_HROW * after);
     bool DeleteRow(IGCRow * row);
     // False while nothing may go.
     bool DeleteAllRows();
@@ -204,6 +205,9 @@ public:
     Hit HitTest(QPoint const & point);
     // The GCEL_ element of a hit.
     unsigned HitElementAt(Hit const & hit, QPoint const & point);
+    // Asks for a repaint of the whole widget, once a paint: a loop that fills in a million texts
+    // pays for it but once.
+    void InvalidateAll();
     void InvalidateRow(IGCRow * row);
     void InvalidateItem(IGCRow * row, CGCColumn * column);
     void InvalidateColumn(CGCColumn * column);
@@ -261,6 +265,7 @@ public:
     RowWatch * watches = nullptr;  // on the stack, the last one first
     bool hasOrphanHeights = false; // of rows that could not be inserted
     bool inPaint = false;
+    bool allInvalid = false;   // InvalidateAll has asked and no paint has begun since
     bool paintsAll = false;    // the paint that runs covers the whole widget
     bool updatingBars = false; // what the bars say now is not a gesture
     tag_HCOLUMN * sortColumn = GC_NOCOLUMN;
