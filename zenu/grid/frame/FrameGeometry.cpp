@@ -61,30 +61,33 @@ bool KGridCtrl::PrivateData::ElementRects(IGCRow * row, CGCColumn * column, CEle
 
 int KGridCtrl::PrivateData::ShownColumnAt(int contentsX) const
 {
-    auto const after = std::ranges::upper_bound(shownColumns, contentsX, {}, &CGCColumn::left);
-    if (after == shownColumns.begin()) {
-        return -1;
+    // The first column that begins behind x, by halves. Each step is arithmetic: where a mouse or
+    // a sweep of hit tests goes, nobody can predict a branch on it.
+    std::size_t after = 0;
+    for (std::size_t left = shownColumns.size(); left != 0;) {
+        std::size_t const half = left / 2;
+        bool const goesOn = shownColumns[after + half]->left <= contentsX;
+        after += goesOn ? half + 1 : 0;
+        left = goesOn ? left - half - 1 : half;
     }
-    auto const found = after - 1;
-    return contentsX < (*found)->Right() ? static_cast<int>(found - shownColumns.begin()) : -1;
+    bool const isInside = after != 0 && contentsX < shownColumns[after - 1]->Right();
+    return isInside ? static_cast<int>(after - 1) : -1;
 }
 
 KGridCtrl::PrivateData::Hit KGridCtrl::PrivateData::HitTest(QPoint const & point)
 {
-    if (IsEmpty()) {
-        return {};
-    }
-    // A point above the rows is none of theirs; IndexAt answers so for one below them.
+    UpdateNow(); // before the position is read: it may scroll
+    // A point above the rows is none of theirs; GetRowAtY answers so for one below them.
     long long const y = TopPosition() + point.y() - headerHeight;
     if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - hScrollPos || y < 0) {
         return {};
     }
-    int const rowIndex = IndexAt(y);
-    int const columnIndex = ShownColumnAt(point.x() + hScrollPos);
-    if (rowIndex == -1 || columnIndex == -1) {
+    IGCRow * const row = GetRowAtY(y);
+    int const columnIndex = row ? ShownColumnAt(point.x() + hScrollPos) : -1;
+    if (columnIndex == -1) {
         return {};
     }
-    return {GetRowAt(rowIndex), shownColumns[static_cast<std::size_t>(columnIndex)]};
+    return {row, shownColumns[static_cast<std::size_t>(columnIndex)]};
 }
 
 unsigned KGridCtrl::PrivateData::HitElementAt(Hit const & hit, QPoint const & point)

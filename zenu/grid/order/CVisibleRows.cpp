@@ -261,6 +261,14 @@ int CVisibleRows::IndexFromY(int y, int low, int high)
         [=](auto const & rows) { return RowSearch::indexFromY(rows, y, low, high); });
 }
 
+IGCRow * CVisibleRows::GetRowAtY(long long y)
+{
+    UpdateNow();
+    int const index = record->withPositions(
+        [=](auto const & rows) { return RowSearch::indexFromY(rows, y, 0, -1); });
+    return index == -1 ? nullptr : record->order->GetRowAt(index);
+}
+
 int CVisibleRows::RowUnderY(int y)
 {
     if (IsEmpty()) {

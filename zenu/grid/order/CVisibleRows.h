@@ -119,6 +119,8 @@ public:
     int IndexFromY(int y, int low = 0, int high = -1);
     // The row that covers a y that may be past the range of an int, -1 for none.
     int IndexAt(long long position);
+    // The row that covers a y that may be past the range of an int, null for none.
+    IGCRow * GetRowAtY(long long y);
     // Like IndexFromY, but a y above all rows answers 0, one below them the last index; -1 without
     // rows.
     int RowUnderY(int y);
