@@ -2,6 +2,7 @@
 #include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/inner/LargeBlock.h"
+#include "zenu/grid/data/TextBuffer.h"
 #include "zenu/grid/rows/CGCSlimRow.h"
 
 #include <algorithm>
@@ -73,9 +74,12 @@ char const * KSlimGridCallbackWrapper::GetItemText(IGCRow * row, CGCColumn * col
 {
     TreeLock const lock(frame);
     ISlimGridCallback * const callback = frame->slimCallback;
-    return callback ? callback->GetItemText(row->Handle(), static_cast<long>(row->param),
-                                            column->Handle())
-                    : nullptr;
+    if (!callback) {
+        return nullptr;
+    }
+    char const * const text =
+        callback->GetItemText(row->Handle(), static_cast<long>(row->param), column->Handle());
+    return isTextCallback(text) ? nullptr : text; // an answer that asks again is none
 }
 
 void KSlimGridCallbackWrapper::SetItemText(IGCRow * row, CGCColumn * column, char const * text)
