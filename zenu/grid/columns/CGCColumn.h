@@ -2,7 +2,7 @@
 
 #include "zenu/ZenuExport.h"
 #include "zenu/grid/GridTypes.h"
-#include "zenu/grid/geometry/SaturatedInt.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 
 #include <string>
 

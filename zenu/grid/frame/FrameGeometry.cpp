@@ -3,7 +3,7 @@
 #include "zenu/grid/geometry/CElementRects.h"
 #include "zenu/grid/geometry/CGetRowElementPos.h"
 #include "zenu/grid/geometry/HitElement.h"
-#include "zenu/grid/geometry/SaturatedInt.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 #include "zenu/grid/look/CDrawContext.h"
 
 #include <algorithm>

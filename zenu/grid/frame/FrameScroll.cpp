@@ -1,6 +1,6 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
-#include "zenu/grid/geometry/SaturatedInt.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 
 #include <QResizeEvent>
 #include <QScopedValueRollback>

@@ -1,7 +1,7 @@
 #include "zenu/grid/geometry/CElementRects.h"
 
-#include "zenu/grid/geometry/SaturatedInt.h"
 #include "zenu/grid/geometry/TextCache.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 
 namespace zenu {
 

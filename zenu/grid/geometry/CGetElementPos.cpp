@@ -2,8 +2,8 @@
 
 #include "zenu/grid/columns/CGCColumnKinds.h"
 #include "zenu/grid/geometry/CElementRects.h"
-#include "zenu/grid/geometry/SaturatedInt.h"
 #include "zenu/grid/geometry/TextCache.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 #include "zenu/grid/look/KGridImages.h"
 
 #include <QSize>

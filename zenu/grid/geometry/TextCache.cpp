@@ -1,8 +1,8 @@
 #include "zenu/grid/geometry/TextCache.h"
 
 #include "zenu/grid/geometry/FontWidths.h"
-#include "zenu/grid/geometry/SaturatedInt.h"
 #include "zenu/grid/geometry/TextLine.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 
 #include <QFont>
 #include <QGuiApplication>
