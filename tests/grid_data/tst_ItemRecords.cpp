@@ -31,7 +31,6 @@ private Q_SLOTS:
     void textFunction_isGivenRowColumnAndBothParams();
     void textFunction_none_isNoText();
     void textFunction_eitherSetter_replacesIt();
-    void listItems_haveNoEffectThroughTheGrid();
 };
 
 namespace {
@@ -369,21 +368,6 @@ void tst_ItemRecords::textFunction_eitherSetter_replacesIt()
     QCOMPARE(asked.size(), std::size_t(2));
     QCOMPARE(asked[0].parameter, 1UL);
     QCOMPARE(asked[1].parameter, 2UL);
-}
-
-void tst_ItemRecords::listItems_haveNoEffectThroughTheGrid()
-{
-    Fixture f;
-    GC_COLUMN record;
-    record.mask = GCCM_KIND | GCCM_LISTITEMS;
-    record.kind = GCCK_LISTBOX;
-    record.listItems = const_cast<char *>("one;two;");
-    tag_HCOLUMN * const column = f.grid.AddColumn(&record);
-    record.mask = GCCM_LISTITEMS;
-    QVERIFY(f.grid.SetColumn(column, &record));
-    QVERIFY(!f.grid.SetItemText(f.rows[0], column, "one"));
-    QVERIFY(f.grid.SetItem(f.rows[0], column, GCIM_VALUE, nullptr, 0, 0));
-    QCOMPARE(f.grid.GetItemText(f.rows[0], column), std::string());
 }
 
 ZENU_TEST(tst_ItemRecords)
