@@ -59,7 +59,7 @@ struct GC_ITEM
     unsigned stateMask = 0;             ///< on write, the bits cleared before `state` is or-ed in
     char * text = nullptr;              ///< copied on write, or GC_TEXTCALLBACK; a buffer on read
     int textMax = -1;                   ///< size of the buffer on read
-    int value = 0;     ///< check state, list index, alignment, check style or text length
+    int value = 0;     ///< check state, list index (0 to 254), alignment, check style, text length
     int image = 0;     ///< which of the three images is said by the mask
     int reserved1 = 0; ///< left alone
     QColor textColor;  ///< filled on every read
