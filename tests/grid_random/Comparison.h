@@ -130,7 +130,8 @@ inline void Player::compareRow(ReferenceRow & row)
     QRect rect;
     is("GetRowRect", {grid->GetRowRect(row.handle, &rect), true});
     QRect const client = ref.around.client;
-    long long const top = index == -1 ? 0 : ref.topOf(index) - ref.topY + ref.around.headerHeight;
+    long long const top =
+        index == -1 ? 0 : ref.topOf(index) - ref.topPosition() + ref.around.headerHeight;
     QRect const wanted =
         index == -1 ? QRect() : QRect(client.left(), static_cast<int>(top), client.width(), height);
     if (rect != wanted) {

@@ -141,7 +141,7 @@ inline void Player::setDefaultHeight(int height)
 {
     grid->SetDefaultHeight(height);
     ref.around.defaultHeight = grid->GetDefaultHeight();
-    if (!ref.heights.empty() || !ref.tops.empty()) {
+    if (!ref.heights.empty() || !ref.tops.empty() || ref.heightsLeftBehind) {
         zenu::GC_SORT sort;
         sort.column = column(ref.sortColumn);
         sort.ascending = ref.sortAscending;

@@ -74,7 +74,6 @@ inline int ReferenceGrid::insertColumn(int index, GC_COLUMN const & record)
         other.order += other.order >= made.order ? 1 : 0;
     }
     columns.push_back(made);
-    rebuildColumns();
     forEachRow(root, [&](ReferenceRow & row) {
         if (!row.isSlim()) {
             ReferenceItem item;
@@ -82,6 +81,7 @@ inline int ReferenceGrid::insertColumn(int index, GC_COLUMN const & record)
             row.items.push_back(item);
         }
     });
+    rebuildColumns();
     return made.id;
 }
 
@@ -108,6 +108,8 @@ inline bool ReferenceGrid::deleteColumn(int id)
         other.order -= other.order > gone.order ? 1 : 0;
     }
     placeColumns();
+    placeHeader();
+    updateHorizontalBar();
     return true;
 }
 

@@ -154,8 +154,10 @@ inline bool ReferenceGrid::getItem(ReferenceRow const & row, int columnId, GC_IT
         record.textColor = QColor::fromRgb(item.color);
     }
     if (from.kind == zenu::GCCK_LISTBOX) {
-        giveText(std::nullopt); // no public operation gives a column choices
-        record.value = (record.mask & zenu::GCIM_TEXTLEN) ? 0 : item.images[0];
+        giveText(std::nullopt);               // no public operation gives a column choices
+        record.value = item.images[0] & 0xff; // a byte of which one value is none
+        record.value = record.value == 0xff ? -1 : record.value;
+        record.value = (record.mask & zenu::GCIM_TEXTLEN) ? 0 : record.value;
     }
     if (from.hasCheck()) {
         bool const checked = (item.flags & zenu::GCIS_CHECKED) != 0;

@@ -85,10 +85,13 @@ public:
     std::vector<long long> tops; // empty while all rows are equally high
     ReferenceRow * topRow = nullptr;
     long long totalHeight = 0;
-    long long topY = 0;
+    long long topY = 0; // as it was when the top row was placed, for the bar
     int topIndexStored = 0;
     int shownCount = 0;
     bool dirty = false;
+    // Rows that could not be inserted leave heights behind, which are nobody's but keep the order
+    // in the form with heights.
+    bool heightsLeftBehind = false;
     // Some group was sorted by a comparison that allows for any order.
     bool loose = false;
     ScrollBar vBar;
@@ -121,6 +124,7 @@ public:
     long long topOf(int index) const;
     long long bottomOf(int index) const;
     int pageHeight() const;
+    long long topPosition() const { return order.empty() ? 0 : topOf(topIndexStored); }
     int topIndex();
     int lastShown();
     int indexFromY(long long y, int low, int high) const;

@@ -31,7 +31,8 @@ inline int ReferenceGrid::lastWhole()
     int const last = lastShown();
     int const count = static_cast<int>(order.size());
     bool const inside = last > 0 && last < count && topIndexStored < count;
-    bool const cut = inside && bottomOf(last) > around.client.bottom() + topY - around.headerHeight;
+    bool const cut =
+        inside && bottomOf(last) > around.client.bottom() + topPosition() - around.headerHeight;
     return cut ? last - 1 : last;
 }
 

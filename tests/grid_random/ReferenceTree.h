@@ -124,6 +124,7 @@ inline bool ReferenceGrid::insertSlimRows(std::vector<GC_SLIMROWDATA> const & da
     }
     std::vector<std::unique_ptr<ReferenceRow>> rows;
     std::vector<ReferenceRow *> entered;
+    bool hasHeights = false;
     Event created{Event::Created, parentHandle, parent ? static_cast<long>(parent->param) : 0};
     for (std::size_t i = 0; i < data.size(); ++i) {
         rows.push_back(
@@ -134,9 +135,11 @@ inline bool ReferenceGrid::insertSlimRows(std::vector<GC_SLIMROWDATA> const & da
         allWalk.reset();
         if (data[i].height != -1) {
             invalidate();
+            hasHeights = true;
         }
     }
     if (!insertUnder(parent, rows, after)) {
+        heightsLeftBehind = heightsLeftBehind || hasHeights;
         return false;
     }
     for (std::size_t i = 0; i < data.size(); ++i) {
@@ -210,6 +213,8 @@ inline void ReferenceGrid::reset()
     focusColumn = -1;
     hScrollPos = 0;
     contentsWidth = 0;
+    placeHeader();
+    updateHorizontalBar();
 }
 
 inline void ReferenceGrid::expandRow(ReferenceRow & row)

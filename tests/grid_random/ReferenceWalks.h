@@ -148,9 +148,9 @@ inline std::pair<tag_HROW *, int> ReferenceGrid::hitTest(QPoint const & point)
 {
     settle();
     int const x = point.x() + hScrollPos;
-    long long const y = point.y() + topY - around.headerHeight;
-    if (order.empty() || point.x() < 0 || point.y() < 0 || x >= contentsWidth || y < 0 ||
-        y >= totalHeight) {
+    long long const y = point.y() + topPosition() - around.headerHeight;
+    // One below all rows is covered by none.
+    if (order.empty() || point.x() < 0 || point.y() < 0 || x >= contentsWidth || y < 0) {
         return {nullptr, -1};
     }
     int const index = indexFromY(y, 0, static_cast<int>(order.size()) - 1);

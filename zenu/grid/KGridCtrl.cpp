@@ -635,8 +635,12 @@ void KGridCtrl::SelectRows(int count, tag_HROW ** rows)
 
 bool KGridCtrl::SetRowSel(tag_HROW * row, bool select)
 {
-    IGCRow * const found = d->LocateSettled(row);
-    if (!found || d->shownColumns.empty()) {
+    if (d->shownColumns.empty()) {
+        return false;
+    }
+    // Only the focus needs the visible order; a loop that deselects does not rebuild it.
+    IGCRow * const found = select ? d->LocateSettled(row) : d->LocateRow(row);
+    if (!found) {
         return false;
     }
     RowGuard const guard(d.get(), found);

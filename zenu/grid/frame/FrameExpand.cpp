@@ -208,7 +208,7 @@ void KGridCtrl::PrivateData::expandOne(IGCRow * row, unsigned code)
     if (action == GCE_EXPAND || (action == GCE_TOGGLE && !wasExpanded)) {
         changed = action == GCE_TOGGLE || !wasExpanded;
         row->ExpandRow(Wrapper());
-        if (changed && (code & GCE_NOSCROLL) == 0) {
+        if (changed && (code & GCE_NOSCROLL) == 0 && row->IsExpanded()) {
             UpdateNow();
             bringIn = guard.hasRow() && row->IsExpanded() && IndexOf(row) == GetLastShownIndex();
         }

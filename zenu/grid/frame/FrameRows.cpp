@@ -45,7 +45,7 @@ tag_HROW * KGridCtrl::PrivateData::enterRow(IGCRow * row)
 void KGridCtrl::PrivateData::dropOrphanHeight(IGCRow const * row)
 {
     if (hasOrphanHeights) {
-        ResetRowHeight(row);
+        DropStaleHeight(row);
     }
 }
 

@@ -150,6 +150,11 @@ void CVisibleRows::ResetRowHeight(IGCRow const * row)
     Invalidate();
 }
 
+void CVisibleRows::DropStaleHeight(IGCRow const * row)
+{
+    record->heights.erase(row);
+}
+
 void CVisibleRows::ClearHeights()
 {
     if (!record->heights.empty()) {

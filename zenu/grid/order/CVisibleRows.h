@@ -86,6 +86,9 @@ public:
     // Any height is kept as it is, 0 and below too.
     void SetRowHeight(IGCRow const * row, int height);
     void ResetRowHeight(IGCRow const * row);
+    // Of a row that is new, so that nothing laid out changes: what an earlier row at its address
+    // left.
+    void DropStaleHeight(IGCRow const * row);
     void ClearHeights();
     bool HasExplicitHeights() const;
     // For each row that goes, before it goes. Clears the focus if the row has it, forgets its
