@@ -254,6 +254,10 @@ void KGridCtrl::PrivateData::PlaceHeader()
     header->applyGeometry(
         QRect(-hScrollPos, wanted.top(), wanted.right() - wanted.left(), headerHeight));
     header->update(true);
+    if (header->isProportional()) {
+        PlaceColumns(); // a header of another size has given its items other widths
+        grid->update();
+    }
 }
 
 // Those that are not on display have nothing to repaint.
