@@ -218,10 +218,10 @@ void tst_CDrawItemVisitor::button_inNarrowColumn_isClippedAndAlone_data()
     QTest::addColumn<int>("width");
     QTest::addColumn<int>("buttonWidth");
     QTest::newRow("just whole") << 13 << 9;
-    QTest::newRow("12") << 12 << 8;
-    QTest::newRow("9") << 9 << 5;
-    QTest::newRow("one pixel") << 5 << 1;
-    QTest::newRow("no room") << 4 << 0;
+    QTest::newRow("12") << 12 << 9;
+    QTest::newRow("9") << 9 << 6;
+    QTest::newRow("one pixel") << 4 << 1;
+    QTest::newRow("no room") << 3 << 0;
     QTest::newRow("less than none") << 2 << 0;
 }
 
@@ -275,7 +275,7 @@ void tst_CDrawItemVisitor::image_cutByTheCell_showsItsLeftPart()
     row->ItemOf(column)->images[0] = 0;
     QImage const expected = scene.draw([&](KPainter & painter) {
         painter.fillRect(0, 0, 12, 20, scene.color(GCC_BACKGROUND));
-        painter.fillRect(2, 2, 8, 16, Qt::red);
+        painter.fillRect(2, 2, 9, 16, Qt::red);
     });
     COMPARE_PICTURES(scene.paint({row}), expected);
 }

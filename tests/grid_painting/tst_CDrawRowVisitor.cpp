@@ -27,6 +27,7 @@ private Q_SLOTS:
     void framedCell_fillsRoundTheText();
     void framedCell_withFocus_hasAFrameRoundTheText();
     void framedCell_withoutText_isPlain();
+    void framedCell_rightAligned_leavesTheVerticalLine();
     void framedColumn_keepsRowFocusLinesAway();
 
     void ancestorLines_standBesideOpenAncestors_data();
@@ -290,8 +291,7 @@ struct FramedScene : Scene
     void drawCell(QPainter & painter) const
     {
         painter.fillRect(0, 0, 100, 20, Qt::cyan);
-        painter.fillRect(round.left(), round.top(), round.right() - round.left(),
-                         round.bottom() - round.top(), color(GCC_SELBACKGROUND));
+        painter.fillRect(round, color(GCC_SELBACKGROUND));
     }
 
     CGCColumn * column;
@@ -351,6 +351,24 @@ void tst_CDrawRowVisitor::framedCell_withoutText_isPlain()
     QImage const expected =
         scene.draw([&](KPainter & painter) { painter.fillRect(0, 0, 100, 20, Qt::cyan); });
     COMPARE_PICTURES(scene.paint({scene.row}, scene.place), expected);
+}
+
+void tst_CDrawRowVisitor::framedCell_rightAligned_leavesTheVerticalLine()
+{
+    FramedScene scene;
+    scene.context.verticalLines = true;
+    scene.column->format = 2;
+    QRect const textRect = scene.rectsOf(scene.column, "Text").textRect;
+    QCOMPARE(textRect.right(), 98);
+    QImage const picture = scene.paint({scene.row}, scene.place);
+    QImage const lines = scene.draw([&](KPainter & painter) {
+        halfTone(painter, QRect(99, 0, 1, 20), scene.color(GCC_SEPARATOR));
+    });
+    COMPARE_PICTURES(picture.copy(99, 0, 1, 20), lines.copy(99, 0, 1, 20));
+    QCOMPARE(QColor(picture.pixel(98, textRect.top())), scene.color(GCC_SELBACKGROUND));
+    QCOMPARE(QColor(picture.pixel(textRect.left() - 2, textRect.top())),
+             scene.color(GCC_SELBACKGROUND));
+    QCOMPARE(QColor(picture.pixel(textRect.left() - 3, textRect.top())), QColor(Qt::cyan));
 }
 
 void tst_CDrawRowVisitor::framedColumn_keepsRowFocusLinesAway()

@@ -27,17 +27,17 @@ void drawFrom(PaintPass & pass, KGridImages::Member member, int index, QPoint co
     }
 }
 
-// The left top part of the image that lies in the room.
-void drawPart(PaintPass & pass, KGridImages::Member member, int index, QPoint const & at,
-              QSize const & room)
+// What lies in the rectangle of the image at its left top. The rectangle may be a pixel larger than
+// the image, whose neighbour in the strip must not show.
+void drawPart(PaintPass & pass, KGridImages::Member member, int index, QRect const & rect)
 {
     KPixmapSet const * const images = pass.context.images->get(member);
     if (!images) {
         return;
     }
-    QSize const part = room.boundedTo(images->getImageSize());
+    QSize const part = rect.size().boundedTo(images->getImageSize());
     if (!part.isEmpty()) {
-        images->drawImage(pass.painter, index, at.x(), at.y(), part.width(), part.height());
+        images->drawImage(pass.painter, index, rect.x(), rect.y(), part.width(), part.height());
     }
 }
 
@@ -48,16 +48,8 @@ void drawTreeButton(PaintPass & pass, QRect const & rect, bool expanded, QColor 
     if (rect.isNull()) {
         return;
     }
-    QSize room = rect.size();
-    // The rectangle of a button that is cut to its column is one pixel larger than what it holds,
-    // as those of images; a whole button's is not.
-    int const glyphHeight = pass.context.images->imageSize(KGridImages::Buttons).height();
-    if (room.height() > glyphHeight) {
-        room -= QSize(1, 1);
-    }
-    pass.fill(QRect(rect.topLeft(), room), ground);
-    drawPart(pass, KGridImages::Buttons, expanded ? GlyphExpanded : GlyphCollapsed, rect.topLeft(),
-             room);
+    pass.fill(rect, ground);
+    drawPart(pass, KGridImages::Buttons, expanded ? GlyphExpanded : GlyphCollapsed, rect);
 }
 
 void CDrawItemVisitor::Visit(CGCColumn * column)
@@ -174,9 +166,8 @@ void CDrawItemVisitor::drawImage()
     if (cell.item.image < 0 || rect.isNull()) {
         return;
     }
-    // The rectangle is one pixel larger than the image, or than the part that fits.
     drawPart(pass, cell.useSelectedImages ? KGridImages::Selected : KGridImages::Normal,
-             cell.item.image, rect.topLeft(), rect.size() - QSize(1, 1));
+             cell.item.image, rect);
     if (cell.item.overlay >= 0) {
         drawFrom(pass, KGridImages::Overlay, cell.item.overlay, rect.topLeft());
     }

@@ -18,6 +18,18 @@ namespace {
 constexpr int lineOffset = 6;  // of a tree line from where its level starts
 constexpr int frameMargin = 2; // of framed text, at the left and the right
 
+// Whether something of the cell lies over the row above it or the column before it, which nobody
+// paints after it. What lies beyond its other edges is covered by those that follow.
+bool reachesOut(CElementRects const & rects)
+{
+    QRect const & cell = rects.cellRect;
+    auto const isOut = [&](QRect const & rect) {
+        return !rect.isNull() && (rect.top() < cell.top() || rect.left() < cell.left());
+    };
+    return isOut(rects.textRect) || isOut(rects.imageRect) || isOut(rects.checkRect) ||
+           isOut(rects.buttonRect);
+}
+
 } // namespace
 
 CDrawRowVisitor::CDrawRowVisitor(PaintPass & paintPass, std::span<CGCColumn * const> shownColumns,
@@ -106,10 +118,17 @@ void CDrawRowVisitor::VisitSection(CGCSection * row)
     pass.fill(QRect(0, place.y, context.contentsWidth, 1), shown.topLine);
     pass.fill(QRect(0, place.y + 1, context.contentsWidth, place.height - 2), shown.background);
     pass.fill(QRect(0, bottomLine, context.contentsWidth, 1), shown.bottomLine);
-    if (info.hasChildren) {
-        drawTreeButton(pass, rects.buttonRect, info.expanded, context.colors[GCC_BACKGROUND]);
+    auto const draw = [&] {
+        if (info.hasChildren) {
+            drawTreeButton(pass, rects.buttonRect, info.expanded, context.colors[GCC_BACKGROUND]);
+        }
+        pass.drawText(rects, 0, shown.text, *info.GetFont());
+    };
+    if (reachesOut(rects)) {
+        pass.drawWithin(rects.cellRect, draw);
+    } else {
+        draw();
     }
-    pass.drawText(rects, 0, shown.text, *info.GetFont());
     drawSeparators(shown.background);
 }
 
@@ -163,12 +182,19 @@ void CDrawRowVisitor::drawCell(CGCColumn * column, char const * text, DrawnCell 
     column->Accept(&position);
     cell.rects.translate(column->left, place.y);
 
-    drawGround(*column, cell);
-    if (column->HasFlag(GCCF_TREELINES)) {
-        drawAncestorLines(cell);
+    auto const draw = [&] {
+        drawGround(*column, cell);
+        if (column->HasFlag(GCCF_TREELINES)) {
+            drawAncestorLines(cell);
+        }
+        CDrawItemVisitor content(pass, cell);
+        column->Accept(&content);
+    };
+    if (reachesOut(cell.rects)) {
+        pass.drawWithin(cell.rects.cellRect, draw);
+    } else {
+        draw();
     }
-    CDrawItemVisitor content(pass, cell);
-    column->Accept(&content);
 }
 
 void CDrawRowVisitor::drawGround(CGCColumn const & column, DrawnCell const & cell)
@@ -200,8 +226,8 @@ void CDrawRowVisitor::drawFramedGround(QRect const & rect, DrawnCell const & cel
     }
     QRect framed = cell.rects.textRect;
     inflateRect(&framed, frameMargin, 0);
-    // Right minus left: the text's rectangle is one pixel larger than the text.
-    pass.fill(QRect(framed.topLeft(), framed.size() - QSize(1, 1)), cell.background);
+    // Right-aligned text brings its frame onto the vertical line, which stays.
+    pass.fill(framed & rect, cell.background);
     if (place.focused && context.hasFocus) {
         pass.painter->ditherFrame2(framed.left(), framed.top(), framed.right(), framed.bottom(),
                                    complement(cell.background), cell.background);

@@ -58,6 +58,20 @@ public:
         painter->restore();
     }
 
+    // Runs `use` with what it paints cut to a rectangle.
+    template <typename Use>
+    void drawWithin(QRect const & rect, Use const & use)
+    {
+        QFont const fontBefore = selectedFont;
+        QColor const colorBefore = selectedColor;
+        painter->save();
+        painter->setClipRect(rect, Qt::IntersectClip);
+        use();
+        painter->restore();
+        selectedFont = fontBefore;
+        selectedColor = colorBefore;
+    }
+
 private:
     void select(QFont const & font, QColor const & color);
 
