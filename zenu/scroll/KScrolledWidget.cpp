@@ -57,6 +57,8 @@ KScrolledWidget::PrivateData::PrivateData(KScrolledWidget * widget)
     hBar->hide();
     vBar->hide();
     defaultCorner->hide();
+    // The contents below it are not for the eye.
+    defaultCorner->setAutoFillBackground(true);
 }
 
 QWidget * KScrolledWidget::PrivateData::currentCorner() const
