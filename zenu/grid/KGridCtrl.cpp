@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QPaintEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cstring>
@@ -44,6 +45,9 @@ KGridCtrl::KGridCtrl(QWidget * parent, int id, char const * name, unsigned int f
     setAcceptDrops(true);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    // Columns run from left to right in every locale, and so must the bar that shows where they
+    // are.
+    getHScrollBar()->setLayoutDirection(Qt::LeftToRight);
     d->style = static_cast<unsigned>(style);
     d->font = QApplication::font();
     d->ComputeAutoHeight();

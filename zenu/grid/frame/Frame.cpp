@@ -138,8 +138,8 @@ void KGridCtrl::PrivateData::LookChanged()
     if (DefaultHeight() != before) {
         Invalidate();
     }
-    PlaceHeader();
     grid->contentsSizeChanged();
+    FitToClient();
     LayOutBars();
     grid->update();
 }

@@ -121,7 +121,9 @@ void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed
                      static_cast<std::size_t>(std::max(pastColumn - firstColumn, 0)));
 
     long long const offset = TopPosition() - headerHeight;
-    int const first = std::max(IndexAt(area.top() + offset), 0);
+    // Without a row there, those on display are tried, which cost little.
+    int const top = IndexAt(area.top() + offset);
+    int const first = top == -1 ? GetTopIndex() : top;
     int const bottom = IndexAt(area.bottom() + offset);
     int const pastShown = std::min(GetLastShownIndex() + 1, GetCount());
     int const past = bottom == -1 ? pastShown : std::min(bottom + 1, pastShown);

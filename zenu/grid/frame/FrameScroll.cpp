@@ -57,9 +57,13 @@ void KGridCtrl::PrivateData::LayOutBars()
     }
     QRect const before = ClientRect();
     grid->contentsSizeChanged();
-    if (ClientRect() == before) {
-        return;
+    if (ClientRect() != before) {
+        FitToClient();
     }
+}
+
+void KGridCtrl::PrivateData::FitToClient()
+{
     if (contentsWidth - hScrollPos < ClientRect().right()) {
         hScrollPos = std::max(contentsWidth - ClientRect().right(), 0);
         grid->update();
@@ -194,8 +198,8 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     QRect const client = ClientRect();
     QRect const area(0, headerHeight, client.width(), client.bottom() + 1 - headerHeight);
     long long const dy = oldY - TopPosition();
-    if (dy == 0) {
-        grid->update(area);
+    if (dy == 0 || inPaint) {
+        grid->update(area); // a callback of the paint that runs: there is no picture to move yet
     } else if (std::llabs(dy) < area.height()) {
         grid->scroll(0, static_cast<int>(dy), area);
         int const common = std::min(oldLast, GetLastShownIndex());
@@ -215,7 +219,7 @@ void KGridCtrl::PrivateData::scrollColumns(int newLeft)
     QRect const area(0, headerHeight, client.width(), client.bottom() + 1 - headerHeight);
     long long const dx = static_cast<long long>(hScrollPos) - newLeft;
     hScrollPos = newLeft;
-    if (std::llabs(dx) < area.width()) {
+    if (std::llabs(dx) < area.width() && !inPaint) {
         grid->scroll(static_cast<int>(dx), 0, area);
     } else {
         grid->update(area);

@@ -181,6 +181,8 @@ public:
     void UpdateHorizontalBar();
     // Bars that show when needed come and go with the contents, and the page with them.
     void LayOutBars();
+    // Offset, header, top row and bars after a change of the client rectangle.
+    void FitToClient();
     void EnsureRowVisible(IGCRow * row);
     void EnsureColumnVisible(CGCColumn * column);
     void Resized(QResizeEvent * event);
