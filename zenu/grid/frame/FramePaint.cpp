@@ -140,6 +140,9 @@ void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed
         drawn.focused = IsFocused(row);
         drawn.y = ViewTopOf(i) - headerHeight;
         drawn.height = ViewHeightAt(i);
+        if (drawn.height <= 0) {
+            continue; // any height may be given, and not every one can be drawn
+        }
         CDrawRowVisitor visitor(pass, painted, drawn);
         row->Accept(&visitor);
     }
