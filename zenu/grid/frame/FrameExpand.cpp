@@ -234,7 +234,7 @@ void KGridCtrl::PrivateData::updateBelowRows()
     RowGuard const guard(this, nullptr);
     grid->contentsSizeChanged();
     if (guard.hasGrid()) {
-        int const total = GetTotalHeight();
+        int const total = std::clamp(GetTotalHeight(), 0, grid->height());
         grid->update(QRect(0, total, grid->width(), grid->height() - total));
     }
 }

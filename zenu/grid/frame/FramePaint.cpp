@@ -158,14 +158,14 @@ void KGridCtrl::PrivateData::paintAround(KPainter * painter, QRect const & expos
         right.setLeft(std::max(area.left(), contentsWidth));
         painter->fillRect(right, background);
     }
-    int bottom = 0;
+    long long bottom = 0;
     if (!IsEmpty()) {
         int const last = std::min(GetLastShownIndex(), GetCount() - 1);
-        bottom = ViewTopOf(last) + ViewHeightAt(last) - headerHeight;
+        bottom = static_cast<long long>(ViewTopOf(last)) + ViewHeightAt(last) - headerHeight;
     }
     if (area.bottom() >= bottom) {
         QRect below = area;
-        below.setTop(std::max(area.top(), bottom));
+        below.setTop(static_cast<int>(std::max<long long>(area.top(), bottom)));
         below.setRight(std::min(area.right(), contentsWidth - 1));
         painter->fillRect(below, background);
     }
