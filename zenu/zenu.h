@@ -3,6 +3,7 @@
 // Every public header of the library.
 
 #include "zenu/ZenuExport.h"
+#include "zenu/events/KEventMonitor.h"
 #include "zenu/events/KToolTip.h"
 #include "zenu/grid/GridRecords.h"
 #include "zenu/grid/GridTypes.h"
