@@ -125,6 +125,8 @@ void tst_SlimPainting::paint_callbackTakenAwayInBetween_isBorne()
     f.grid.InsertSlimRow(5, true, GC_ROOT, GCI_LAST);
     f.grid.InsertSlimRow(6, false, GC_ROOT, GCI_LAST);
     QVERIFY(f.grid.showSized(300, 200));
+    f.grid.ClearSelection();
+    zenutest::settle();
     f.painted.meanwhile = [&] { f.grid.SetSlimGridCallback(nullptr); };
     QCOMPARE(f.paint(f.grid.rect()), QStringLiteral("begin row5"));
     QVERIFY(!f.grid.GetSlimGridCallback());

@@ -18,6 +18,7 @@ public:
     explicit PictureGrid(long style = 0, QWidget * parent = nullptr)
         : KGridCtrl(parent, 0, nullptr, 0, style)
     {
+        setFocusPolicy(Qt::NoFocus); // the first focus would select a row
         for (int number = 1; number <= GCC_COUNT; ++number) {
             if (number != GCC_FOCUSTEXT && number != GCC_FOCUSBACKGROUND) {
                 SetColor(number, colorOf(number));

@@ -370,6 +370,25 @@ protected:
     void hideEvent(QHideEvent * event) override;
     /// A change of the widget's font becomes the grid's and the header's font.
     void changeEvent(QEvent * event) override;
+    /// The first focus that a filled grid gains goes to the first cell and selects its row. An
+    /// application must not delete the grid in OnFocusIn: Qt goes on to use the widget.
+    void focusInEvent(QFocusEvent * event) override;
+    void focusOutEvent(QFocusEvent * event) override;
+    void keyPressEvent(QKeyEvent * event) override;
+    void mousePressEvent(QMouseEvent * event) override;
+    void mouseReleaseEvent(QMouseEvent * event) override;
+    void mouseDoubleClickEvent(QMouseEvent * event) override;
+    void mouseMoveEvent(QMouseEvent * event) override;
+    void leaveEvent(QEvent * event) override;
+    void timerEvent(QTimerEvent * event) override;
+    /// Drag and drop events go to the notification sink with the cell under them; accepting one is
+    /// up to the application.
+    void dragEnterEvent(QDragEnterEvent * event) override;
+    void dragMoveEvent(QDragMoveEvent * event) override;
+    void dragLeaveEvent(QDragLeaveEvent * event) override;
+    void dropEvent(QDropEvent * event) override;
+    /// Ends an open edit: an event of type 7113 saves, one of type 7114 discards.
+    void customEvent(QEvent * event) override;
 
 private:
     std::unique_ptr<PrivateData> d;

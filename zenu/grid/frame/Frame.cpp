@@ -1,6 +1,7 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include "zenu/grid/editing/CItemEditor.h"
 #include "zenu/grid/handles/CFastLocator.h"
 #include "zenu/grid/handles/CSafeLocator.h"
 #include "zenu/header/KHeader.h"
@@ -115,7 +116,10 @@ unsigned long KGridCtrl::PrivateData::SetExtendedStyle(unsigned long word)
 
 bool KGridCtrl::PrivateData::Reset()
 {
-    if (IsTreeLocked() || !loading.empty()) {
+    RowGuard const guard(this, nullptr);
+    LeaveHover();
+    StopEditing();
+    if (!guard.hasGrid() || IsTreeLocked() || !loading.empty()) {
         return false;
     }
     nextColumnId = 0;

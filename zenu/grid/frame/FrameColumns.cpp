@@ -68,7 +68,9 @@ tag_HCOLUMN * KGridCtrl::PrivateData::InsertColumn(int index, GC_COLUMN const * 
 
 bool KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
 {
-    if (IsTreeLocked()) {
+    CellGuard const guard(this, nullptr, column);
+    StopEditing();
+    if (!guard.column() || IsTreeLocked()) {
         return false;
     }
     forEachOrdinaryRow(rootRows.span(),

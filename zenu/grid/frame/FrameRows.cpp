@@ -67,6 +67,11 @@ bool KGridCtrl::PrivateData::InsertAtTop(std::span<IGCRow * const> rows, tag_HRO
 
 tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 {
+    RowGuard const guard(this, nullptr);
+    StopEditing();
+    if (!guard.hasGrid()) {
+        return nullptr;
+    }
     IGCRow * const parent = record->parent == GC_ROOT ? nullptr : LocateRow(record->parent);
     if ((!parent && record->parent != GC_ROOT) || IsTreeLocked()) {
         return nullptr;
@@ -121,6 +126,7 @@ void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
     if (watches) {
         tellRowDies(row);
     }
+    ForgetCells(row);
     DropChildWalk(row);
     Forget(row);
     row->DestroyItems(columns);
@@ -128,8 +134,28 @@ void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
     locator->RemoveRow(row);
 }
 
+void KGridCtrl::PrivateData::ForgetCells(IGCRow const * row)
+{
+    for (HeldCell * const cell : {&hover, &pendingEdit, &edited}) {
+        if (cell->row == row) {
+            *cell = {};
+        }
+    }
+}
+
+void KGridCtrl::PrivateData::ForgetAllCells()
+{
+    hover = pendingEdit = edited = {};
+}
+
 bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
 {
+    RowGuard const guard(this, row);
+    LeaveHover();
+    StopEditing();
+    if (!guard.hasRow()) {
+        return false; // told of the end of an edit, the application has deleted it
+    }
     IGCRow * const parent = row->parent;
     if (IsTreeLocked() || IsLoading(row)) {
         return false;
@@ -167,12 +193,16 @@ bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
 
 bool KGridCtrl::PrivateData::DeleteAllRows()
 {
-    if (IsTreeLocked() || (!loading.empty() && !destroying)) {
-        return false;
-    }
     if (!destroying) {
+        RowGuard const guard(this, nullptr);
+        LeaveHover();
+        StopEditing();
+        if (!guard.hasGrid() || IsTreeLocked() || !loading.empty()) {
+            return false;
+        }
         ClearFocus();
     }
+    ForgetAllCells();
     tellAllRowsDie();
     DropWalks();
     ForgetAll();

@@ -191,6 +191,7 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     if (newTop == GetTopIndex()) {
         return;
     }
+    LeaveHover();
     freeTextsLeaving(newTop);
     int const oldLast = GetLastShownIndex();
     long long const oldY = TopPosition();

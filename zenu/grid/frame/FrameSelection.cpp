@@ -1,6 +1,8 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include <algorithm>
+
 namespace zenu {
 
 // A few rows are repainted one by one, many with the whole widget: Qt's region of what is to be
@@ -110,6 +112,82 @@ void KGridCtrl::PrivateData::TellSelectionChanged()
     if (notification) {
         notification->OnSelectionChanged();
     }
+}
+
+bool KGridCtrl::PrivateData::asksForChange(std::span<IGCRow * const> leaving,
+                                           std::span<IGCRow * const> entering)
+{
+    if (!notification) {
+        return true;
+    }
+    auto const handles = [](std::span<IGCRow * const> rows) {
+        std::vector<tag_HROW *> result(rows.size());
+        std::ranges::transform(rows, result.begin(), &IGCRow::Handle);
+        return result;
+    };
+    std::vector<tag_HROW *> deselected = handles(leaving);
+    std::vector<tag_HROW *> selected = handles(entering);
+    GC_SELECTIONCHANGE change;
+    change.deselectedCount = static_cast<int>(deselected.size());
+    change.deselected = deselected.empty() ? nullptr : deselected.data();
+    change.selectedCount = static_cast<int>(selected.size());
+    change.selected = selected.empty() ? nullptr : selected.data();
+    return notification->OnSelectionChanging(&change);
+}
+
+void KGridCtrl::PrivateData::SelectOnly(std::span<IGCRow * const> rows)
+{
+    RowListGuard entering(this, rows);
+    std::vector<IGCRow *> leaving;
+    if (notification) {
+        leaving.reserve(static_cast<std::size_t>(selection.count()));
+        selection.forEach([&](IGCRow * row) { leaving.push_back(row); });
+    }
+    if (asksForChange(leaving, rows) && entering.hasGrid()) {
+        ClearSelectedRows();
+        AddToSelection(entering.rows());
+        TellSelectionChanged();
+    }
+}
+
+void KGridCtrl::PrivateData::SelectAlso(IGCRow * row)
+{
+    RowGuard const guard(this, row);
+    if (asksForChange({}, {&row, 1}) && guard.hasGrid()) {
+        if (guard.hasRow()) {
+            AddToSelection({&row, 1});
+        }
+        TellSelectionChanged();
+    }
+}
+
+void KGridCtrl::PrivateData::DeselectRow(IGCRow * row)
+{
+    RowGuard const guard(this, row);
+    if (asksForChange({&row, 1}, {}) && guard.hasGrid()) {
+        if (guard.hasRow()) {
+            RemoveFromSelection(row);
+        }
+        TellSelectionChanged();
+    }
+}
+
+void KGridCtrl::PrivateData::SelectRange(int from, int to)
+{
+    auto const [first, last] = std::minmax(from, to);
+    std::vector<IGCRow *> scratch;
+    RowSpan const span = GetRows(first, last - first + 1, scratch);
+    std::vector<IGCRow *> rows(static_cast<std::size_t>(span.count()));
+    for (int i = 0; i < span.count(); ++i) {
+        rows[static_cast<std::size_t>(i)] = span[i];
+    }
+    SelectOnly(rows);
+}
+
+void KGridCtrl::PrivateData::SetAnchor(int start)
+{
+    anchorIndex = anchorIndex == -1 ? start : anchorIndex;
+    anchorIndex = std::min(anchorIndex, GetCount() - 1);
 }
 
 } // namespace zenu

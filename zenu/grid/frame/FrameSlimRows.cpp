@@ -1,8 +1,8 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
-#include "zenu/grid/inner/LargeBlock.h"
 #include "zenu/grid/data/TextBuffer.h"
+#include "zenu/grid/inner/LargeBlock.h"
 #include "zenu/grid/rows/CGCSlimRow.h"
 
 #include <algorithm>
@@ -259,7 +259,13 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
 bool KGridCtrl::PrivateData::ResetSlimRow(IGCRow * row)
 {
     auto * const slim = dynamic_cast<CGCSlimRow *>(row);
-    if (!slim || IsTreeLocked() || IsLoading(slim)) {
+    if (!slim) {
+        return false;
+    }
+    RowGuard const guard(this, row);
+    LeaveHover();
+    StopEditing();
+    if (!guard.hasRow() || IsTreeLocked() || IsLoading(slim)) {
         return false;
     }
     resetSubRows(slim);
@@ -317,6 +323,7 @@ void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
             if (watches) {
                 tellRowDies(child);
             }
+            ForgetCells(child);
             Forget(child);
             DropAllRowsWalk();
             locator->RemoveRow(child);

@@ -17,20 +17,29 @@
 #include "zenu/grid/rows/ColumnSet.h"
 #include "zenu/header/IHeaderNotification.h"
 
+#include <QBasicTimer>
 #include <QFont>
 #include <QPixmap>
+#include <QPoint>
 #include <QPointer>
 
 #include <memory>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
+class QDropEvent;
+class QKeyEvent;
+class QMouseEvent;
 class QResizeEvent;
+class QTimerEvent;
 
 namespace zenu {
 
 class CGCOrdinaryRow;
 class CGCSlimRow;
+class CellGuard;
+class CItemEditor;
 class CSetRowData;
 class KHeader;
 class KPainter;
@@ -73,6 +82,14 @@ struct SlimWrapperHolder
     {
     }
     KSlimGridCallbackWrapper slimWrapper;
+};
+
+// A cell that is kept from one event to the next. The row is forgotten when it dies; the column is
+// looked up each time.
+struct HeldCell
+{
+    IGCRow * row = nullptr;
+    tag_HCOLUMN * column = GC_NOCOLUMN;
 };
 
 // All state of one grid, and the invisible root of its rows. Rows, columns and the header talk to
@@ -134,6 +151,9 @@ public:
     // False while nothing may go.
     bool DeleteAllRows();
     void ForgetRow(IGCRow * row);
+    // Lets go of held cells in a row that dies.
+    void ForgetCells(IGCRow const * row);
+    void ForgetAllCells();
     // Rows and columns can neither come nor go now: someone walks over them and asks the
     // application on the way.
     bool IsTreeLocked() const { return treeLocks != 0; }
@@ -173,6 +193,51 @@ public:
     void MoveFocus(int rowIndex, int columnIndex);
     void ClearFocus();
     void TellSelectionChanged();
+    // What a person does asks OnSelectionChanging first. Rows that die meanwhile stay out.
+    void SelectOnly(std::span<IGCRow * const> rows);
+    void SelectAlso(IGCRow * row);
+    void DeselectRow(IGCRow * row);
+    // The rows of the visible order between two indices, whichever is the lower.
+    void SelectRange(int from, int to);
+    // anchorIndex for a range that is extended: `start` if there is none.
+    void SetAnchor(int start);
+
+    // Keyboard: FrameKeyboard.cpp
+    void GainFocus();
+    void LoseFocus();
+    // Ignores the event when the grid has nothing to do with it.
+    void PressKey(QKeyEvent * event);
+    void ResetTypeAhead();
+
+    // Mouse: FrameMouse.cpp
+    void PressLeft(QMouseEvent const * event);
+    void PressRight(QMouseEvent const * event);
+    void DoubleClick(QMouseEvent const * event);
+    void MoveMouse(QPoint const & point);
+    void LeaveHover();
+    void TimeOut(QTimerEvent const * event);
+
+    // Drag and drop: FrameDrag.cpp
+    // Passes a drag or drop event on with the cell under it: accepting it is the application's.
+    template <typename Event>
+    void TellDrag(void (IGridNotification::*tell)(Event *, tag_HROW *, tag_HCOLUMN *),
+                  Event * event);
+
+    // Editing: FrameEditing.cpp
+    // Opens an editor over the cell; false when the cell can't be edited or the application
+    // refuses.
+    bool StartEdit(IGCRow * row, CGCColumn * column);
+    // The same after half a second.
+    void ScheduleEdit(IGCRow * row, CGCColumn * column);
+    void CancelDelayedEdit();
+    bool EndEdit(bool discard);
+    bool IsEditing() const;
+    // Before rows or columns come or go: no edit is scheduled or open after it.
+    void StopEditing();
+    void EditTimeOut();
+    void EndEditEvent(QEvent * event);
+    // Of all selected rows, to the other state than that of this one.
+    void FlipCheckBoxes(IGCRow * row, CGCColumn * column);
 
     // Scrolling: FrameScroll.cpp
     bool Scroll(int hCode, int vCode, unsigned pos, bool doScroll);
@@ -285,7 +350,23 @@ public:
     int hScrollDelta = 5;                  // pixels a line step
     int focusColumn = -1;                  // index in shownColumns
     RowSet selection;
-    int anchorIndex = -1;
+    int anchorIndex = -1; // where a range began that Shift extends, -1 for none
+    std::string typeAhead;
+    QBasicTimer searchTimer;
+    QPoint mousePoint;
+    enum class PressState
+    {
+        Idle,
+        AwaitsMove,
+        Moves
+    } pressState = PressState::Idle;
+    bool dataTipsEnabled = false; // never set
+    HeldCell hover;               // the item with GCIS_HOT
+    QBasicTimer hoverTimer;       // never started
+    HeldCell edited;
+    std::unique_ptr<CItemEditor> editor;
+    HeldCell pendingEdit;
+    QBasicTimer editTimer;
     std::unique_ptr<IRowCacheIterator> allRowsWalk;
     std::unique_ptr<IRowCacheIterator> selectionWalk;
     std::unique_ptr<ChildWalk> rootChildWalk;
@@ -315,6 +396,25 @@ private:
     void applyRequests(IGCRow * row, CSetRowData const & requests);
     int shownRows();
     void repaintSelectedRows();
+    void repaintFocusColors();
+    bool asksForChange(std::span<IGCRow * const> leaving, std::span<IGCRow * const> entering);
+    void searchKey(QKeyEvent const * event);
+    void search(IGCRow * row, CGCColumn * column, std::string const & prefix);
+    int findPrefix(int first, int past, CGCColumn * column, std::string const & prefix);
+    void actOnKey(QKeyEvent * event);
+    void expandByKey(bool ctrl, unsigned one, unsigned all);
+    void invertSelection();
+    void moveByKey(int key, Qt::KeyboardModifiers keys);
+    void selectMovedTo(CellGuard const & cell, int from, int to, Qt::KeyboardModifiers keys);
+    int lookForColumn(int from, int step) const;
+    bool notifyClick(int kind, Hit const & hit, unsigned element);
+    bool beginPress(QPoint const & point, Hit * hit, unsigned * element);
+    bool selectByPress(CellGuard const & cell, Qt::KeyboardModifiers keys, bool deselects);
+    bool pressElement(CellGuard const & cell, unsigned element, bool twice);
+    void selectPressed(CellGuard const & cell, Qt::KeyboardModifiers keys, unsigned element,
+                       bool wasSelected);
+    void editPressed(CellGuard const & cell, unsigned element, bool wasSelected);
+    void hoverTimeOut();
     int lastWholeIndex();
     int targetTop(int code, unsigned pos, int top);
     int targetLeft(int code, unsigned pos) const;

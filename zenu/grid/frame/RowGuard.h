@@ -2,6 +2,8 @@
 
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 
+#include <unordered_set>
+
 namespace zenu {
 
 // Hears of each row that dies and of the grid's own end. It stands on the stack over a call to the
@@ -56,6 +58,60 @@ private:
     void allRowsDie() override { row = nullptr; }
 
     IGCRow const * row;
+};
+
+// The same for a cell: its column is looked up at each question, by its handle.
+class CellGuard final : public RowWatch
+{
+public:
+    CellGuard(KGridCtrl::PrivateData * heldFrame, IGCRow * row, CGCColumn const * column)
+        : RowWatch(heldFrame)
+        , heldRow(row)
+        , handle(column ? column->Handle() : GC_NOCOLUMN)
+    {
+    }
+    // Null once it is gone, and when there was none.
+    IGCRow * row() const { return heldRow; }
+    CGCColumn * column() const { return frame ? frame->columns.find(handle) : nullptr; }
+    bool hasCell() const { return heldRow && column(); }
+
+private:
+    void rowDies(IGCRow const * dying) override { heldRow = heldRow == dying ? nullptr : heldRow; }
+    void allRowsDie() override { heldRow = nullptr; }
+
+    IGCRow * heldRow;
+    tag_HCOLUMN * handle;
+};
+
+// The same for many rows.
+class RowListGuard final : public RowWatch
+{
+public:
+    RowListGuard(KGridCtrl::PrivateData * heldFrame, std::span<IGCRow * const> rows)
+        : RowWatch(heldFrame)
+        , held(rows.begin(), rows.end())
+    {
+    }
+    // Those that live, in their order.
+    std::vector<IGCRow *> const & rows()
+    {
+        if (!dead.empty()) {
+            std::erase_if(held, [&](IGCRow const * row) { return dead.contains(row); });
+            dead.clear();
+        }
+        return held;
+    }
+
+private:
+    void rowDies(IGCRow const * dying) override { dead.insert(dying); }
+    void allRowsDie() override
+    {
+        held.clear();
+        dead.clear();
+    }
+
+    std::vector<IGCRow *> held;
+    std::unordered_set<IGCRow const *> dead;
 };
 
 // While one stands, nothing may come or go: whoever set it goes through rows or columns and asks
