@@ -87,10 +87,10 @@ struct GC_INSERTSLIMROW
 /// What to sort by.
 struct GC_SORT
 {
-    tag_HCOLUMN * column = nullptr;   ///< by this column's text; GC_NOCOLUMN for `compare`
-    bool ascending = false;           ///< used with `column`
-    GC_COMPAREPROC compare = nullptr; ///< used without `column`
-    long param = 0;                   ///< first argument of `compare`
+    tag_HCOLUMN * column = GC_NOCOLUMN; ///< by this column's text; GC_NOCOLUMN for `compare`
+    bool ascending = false;             ///< used with `column`
+    GC_COMPAREPROC compare = nullptr;   ///< used without `column`
+    long param = 0;                     ///< first argument of `compare`
 };
 
 /// Result of KGridCtrl::HitTestEx.

@@ -195,7 +195,10 @@ void KGridCtrl::showEvent(QShowEvent * event)
 {
     KScrolledWidget::showEvent(event);
     d->shown = true;
-    d->ComputeAutoHeight();
+    d->UpdateAutoHeight();
+    // Rows and items were not repainted meanwhile, and a window that was minimised comes back with
+    // the picture it had.
+    update();
     d->UpdateNow();
 }
 
@@ -203,7 +206,7 @@ void KGridCtrl::hideEvent(QHideEvent * event)
 {
     KScrolledWidget::hideEvent(event);
     d->shown = false;
-    d->ComputeAutoHeight();
+    d->UpdateAutoHeight();
 }
 
 void KGridCtrl::changeEvent(QEvent * event)

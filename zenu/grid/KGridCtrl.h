@@ -10,6 +10,7 @@
 #include <QPoint>
 #include <QRect>
 
+#include <concepts>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -139,6 +140,13 @@ public:
     /// should be set first, see SetSlimGridCallback.
     tag_HROW * InsertSlimRow(long param, bool hasChildren, tag_HROW * parent, tag_HROW * after,
                              int height = -1);
+    /// The same for a number of any other type: a literal 0 could be a null record as well.
+    template <std::integral Param>
+    tag_HROW * InsertSlimRow(Param param, bool hasChildren, tag_HROW * parent, tag_HROW * after,
+                             int height = -1)
+    {
+        return InsertSlimRow(static_cast<long>(param), hasChildren, parent, after, height);
+    }
     /// Inserts the rows that the record tells of; the other arguments are ignored.
     bool InsertSlimRow(GC_INSERTSLIMROW * rows, bool = false, tag_HROW * = nullptr,
                        tag_HROW * = nullptr, int = 0);
@@ -167,7 +175,6 @@ public:
     void Sort(GC_COMPAREPROC compare, long param);
     /// Sorts by a record; null ends sorting.
     void Sort(GC_SORT * sort);
-    void Sort(std::nullptr_t) { Sort(static_cast<GC_SORT *>(nullptr)); }
 
     /// Reads a row. For slim rows the record is filled, without colours, and the answer is false.
     bool GetRow(tag_HROW * row, GC_ROW * record) const;

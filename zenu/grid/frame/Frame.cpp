@@ -59,6 +59,15 @@ void KGridCtrl::PrivateData::ComputeAutoHeight()
     autoHeight = std::max(textHeight, imageHeight) + (HasStyle(GCS_HORZLINES) ? 3 : 0);
 }
 
+void KGridCtrl::PrivateData::UpdateAutoHeight()
+{
+    int const before = DefaultHeight();
+    ComputeAutoHeight();
+    if (DefaultHeight() != before) {
+        Invalidate();
+    }
+}
+
 int KGridCtrl::PrivateData::Indent() const
 {
     if (indent != -1) {
@@ -77,11 +86,7 @@ void KGridCtrl::PrivateData::SetImages(int list, QPixmap const & strip, QSize co
     if (!images.setList(list, std::make_unique<KPixmapSet>(strip, size, count, useMask))) {
         return;
     }
-    int const before = DefaultHeight();
-    ComputeAutoHeight();
-    if (DefaultHeight() != before) {
-        Invalidate();
-    }
+    UpdateAutoHeight();
     grid->update();
 }
 
@@ -137,11 +142,7 @@ void KGridCtrl::PrivateData::LookChanged()
     font = grid->font();
     textCache.clear();
     header->setFont(font, true);
-    int const before = DefaultHeight();
-    ComputeAutoHeight();
-    if (DefaultHeight() != before) {
-        Invalidate();
-    }
+    UpdateAutoHeight();
     grid->contentsSizeChanged();
     FitToClient();
     LayOutBars();

@@ -165,7 +165,7 @@ CGCColumn * KGridCtrl::PrivateData::ShownColumn(int index) const
 void KGridCtrl::PrivateData::rebuildHeader()
 {
     std::unordered_map<unsigned, int> arrows;
-    bool const wasBlocked = header->blockControl(true);
+    header->blockControl(true);
     for (int i = 0; i < header->getItemsCount(); ++i) {
         KHeaderItem const * const item = header->getItem(i);
         arrows[item->getLParam()] = item->getFmt() & headerArrows;
@@ -177,7 +177,7 @@ void KGridCtrl::PrivateData::rebuildHeader()
         header->insertItem(-1, KHeaderItem(column->Text() ? column->Text() : "", nullptr, fmt, 0,
                                            column->width, column->id));
     }
-    header->blockControl(wasBlocked);
+    header->blockControl(false);
 }
 
 void KGridCtrl::PrivateData::RebuildColumns()

@@ -143,6 +143,9 @@ void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
 
 void KGridCtrl::PrivateData::InvalidateColumn(CGCColumn * column)
 {
+    if (ShownIndexOf(column) == -1) {
+        return;
+    }
     QRect rect = ClientRect();
     rect.setLeft(column->left - hScrollPos);
     rect.setRight(column->Right() - hScrollPos - 1);

@@ -109,6 +109,8 @@ public:
     // Construction and look: Frame.cpp
     void CreateHeader();
     void ComputeAutoHeight();
+    // The same, and the rows are laid out anew when their height changes by it.
+    void UpdateAutoHeight();
     int DefaultHeight() const { return defaultHeight != -1 ? defaultHeight : autoHeight; }
     int Indent() const;
     void SetImages(int list, QPixmap const & strip, QSize const & size, int count, bool useMask);
