@@ -4,6 +4,7 @@
 #include "zenu/grid/editing/CItemEditor.h"
 #include "zenu/grid/handles/CFastLocator.h"
 #include "zenu/grid/handles/CSafeLocator.h"
+#include "zenu/grid/inner/SaturatedInt.h"
 #include "zenu/header/KHeader.h"
 #include "zenu/widgets/KPixmapSet.h"
 
@@ -56,7 +57,7 @@ void KGridCtrl::PrivateData::ComputeAutoHeight()
 {
     int const textHeight = QFontMetrics(grid->font(), grid).height() + 4;
     int const imageHeight = images.imageSize(KGridImages::Normal).height();
-    autoHeight = std::max(textHeight, imageHeight) + (HasStyle(GCS_HORZLINES) ? 3 : 0);
+    autoHeight = saturatedSum(std::max(textHeight, imageHeight), HasStyle(GCS_HORZLINES) ? 3 : 0);
 }
 
 void KGridCtrl::PrivateData::UpdateAutoHeight()

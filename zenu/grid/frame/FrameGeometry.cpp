@@ -21,6 +21,17 @@ int KGridCtrl::PrivateData::ViewHeightAt(int index)
     return cellCoordinate(GetHeightAt(index));
 }
 
+int KGridCtrl::PrivateData::ViewRightOf(CGCColumn const * column) const
+{
+    return cellCoordinate(std::int64_t{column->Right()} - hScrollPos);
+}
+
+// A flag that hides or shows a column waits for the next rebuild of the columns.
+bool KGridCtrl::PrivateData::IsOnDisplay(CGCColumn const * column) const
+{
+    return !column->IsHidden() || ShownIndexOf(column) != -1;
+}
+
 QRect KGridCtrl::PrivateData::RowRect(IGCRow * row)
 {
     int const index = IndexOf(row);
@@ -40,7 +51,7 @@ QRect KGridCtrl::PrivateData::ItemRect(IGCRow * row, CGCColumn * column)
     }
     int const top = ViewTopOf(index);
     QRect rect;
-    rect.setCoords(column->left - hScrollPos, top, column->Right() - hScrollPos,
+    rect.setCoords(column->left - hScrollPos, top, ViewRightOf(column),
                    top + ViewHeightAt(index) - 1);
     return rect;
 }
@@ -136,7 +147,7 @@ void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
         InvalidateAll();
         return;
     }
-    if (QRect const rect = ItemRect(row, column); !rect.isNull() && !column->IsHidden()) {
+    if (QRect const rect = ItemRect(row, column); !rect.isNull() && IsOnDisplay(column)) {
         grid->update(rect.adjusted(0, 0, -1, 0));
     }
 }
@@ -148,7 +159,7 @@ void KGridCtrl::PrivateData::InvalidateColumn(CGCColumn * column)
     }
     QRect rect = ClientRect();
     rect.setLeft(column->left - hScrollPos);
-    rect.setRight(column->Right() - hScrollPos - 1);
+    rect.setRight(ViewRightOf(column) - 1);
     grid->update(rect);
 }
 

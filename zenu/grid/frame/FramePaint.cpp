@@ -1,6 +1,7 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include "zenu/grid/inner/SaturatedInt.h"
 #include "zenu/grid/look/CDrawContext.h"
 #include "zenu/grid/painting/CDrawRowVisitor.h"
 #include "zenu/grid/painting/PaintPass.h"
@@ -35,7 +36,7 @@ CDrawContext KGridCtrl::PrivateData::DrawContext()
     if (CGCColumn const * const column = ShownColumn(focusColumn)) {
         context.focusColumn = column->itemIndex;
     }
-    context.indent = Indent();
+    context.indent = cellCoordinate(Indent());
     context.contentsWidth = contentsWidth;
     context.font = &font;
     context.colors = colors;

@@ -261,6 +261,10 @@ public:
     // In widget coordinates, of a row by its visible index.
     int ViewTopOf(int index);
     int ViewHeightAt(int index);
+    // First pixel behind a column.
+    int ViewRightOf(CGCColumn const * column) const;
+    // False for a column that is hidden. O(1) for those that are not meant to be.
+    bool IsOnDisplay(CGCColumn const * column) const;
     // Null for a row that is not in the visible order.
     QRect RowRect(IGCRow * row);
     QRect ItemRect(IGCRow * row, CGCColumn * column);

@@ -27,9 +27,8 @@ int openLevels(CDrawContext const & context, std::span<CGCColumn * const> column
     int result = 0;
     for (CGCColumn const * column : columns) {
         if (column->HasFlag(GCCF_TREELINES) && !column->IsHidden()) {
-            int const levels =
-                context.indent > 0 ? column->width / context.indent + 1 : mostOpenLevels;
-            result = std::max(result, std::min(levels, mostOpenLevels));
+            int const levels = context.indent > 0 ? column->width / context.indent : mostOpenLevels;
+            result = std::max(result, std::min(levels, mostOpenLevels - 1) + 1);
         }
     }
     return result;
