@@ -11,6 +11,8 @@
 #include <QScrollBar>
 #include <QtTest/QtTest>
 
+#include <algorithm>
+#include <climits>
 #include <functional>
 #include <map>
 #include <memory>
@@ -394,12 +396,14 @@ inline QString checkGrid(zenu::KGridCtrl const & grid)
             wrong << QStringLiteral("walk of a dead row");
         }
     }
-    int left = 0;
+    long long sum = 0;
+    int left = 0; // the sum, within what can be laid out
     for (CGCColumn const * const column : frame.shownColumns) {
         if (column->left != left) {
             wrong << QStringLiteral("left of column %1").arg(column->id);
         }
-        left += column->width;
+        sum += column->width;
+        left = static_cast<int>(std::clamp<long long>(sum, 0, INT_MAX / 2));
     }
     if (left != frame.contentsWidth) {
         wrong << QStringLiteral("contents width");
@@ -408,6 +412,96 @@ inline QString checkGrid(zenu::KGridCtrl const & grid)
         wrong << QStringLiteral("locks left");
     }
     return wrong.join(QStringLiteral(", "));
+}
+
+inline int columnIdOf(zenu::tag_HCOLUMN * column)
+{
+    return static_cast<int>(reinterpret_cast<qintptr>(column));
+}
+
+// Ids by display order, hidden columns included.
+inline QString columnOrder(TestGrid const & grid)
+{
+    std::vector<zenu::tag_HCOLUMN *> ids(static_cast<std::size_t>(grid.GetColumnsCount()));
+    QStringList list;
+    if (grid.GetColumnOrderArray(ids.data(), grid.GetColumnsCount())) {
+        for (zenu::tag_HCOLUMN * const id : ids) {
+            list << QString::number(columnIdOf(id));
+        }
+    }
+    return list.join(u' ');
+}
+
+// "id:width@left" of the header's items and the shown columns, which go together.
+inline QString shownColumns(TestGrid const & grid)
+{
+    QStringList list;
+    for (zenu::CGCColumn const * const column : grid.GetPriv().shownColumns) {
+        list << QStringLiteral("%1:%2@%3").arg(column->id).arg(column->width).arg(column->left);
+    }
+    return list.join(u' ');
+}
+
+inline QString headerItems(TestGrid const & grid)
+{
+    QStringList list;
+    for (int i = 0; i < grid.getHeader()->getItemsCount(); ++i) {
+        zenu::KHeaderItem const * const item = grid.getHeader()->getItem(i);
+        list << QStringLiteral("%1:%2").arg(item->getLParam()).arg(item->getWH());
+    }
+    return list.join(u' ');
+}
+
+inline zenu::GC_COLUMN columnRecord(TestGrid const & grid, int id)
+{
+    zenu::GC_COLUMN record;
+    grid.GetColumn(zenu::columnHandle(id), &record);
+    return record;
+}
+
+inline zenu::GC_ROW rowRecord(TestGrid const & grid, zenu::tag_HROW * row, unsigned mask = 0)
+{
+    zenu::GC_ROW record;
+    record.mask = mask;
+    grid.GetRow(row, &record);
+    return record;
+}
+
+inline bool rowHasState(TestGrid const & grid, zenu::tag_HROW * row, unsigned bit)
+{
+    return (rowRecord(grid, row).state & bit) != 0;
+}
+
+// a (b c) d
+struct SmallTree
+{
+    explicit SmallTree(unsigned long exStyle = 0)
+    {
+        grid.SetGridExStyle(exStyle);
+        grid.addColumns({50});
+        a = grid.add("a");
+        b = grid.add("b", a);
+        c = grid.add("c", a);
+        d = grid.add("d");
+    }
+    QString next(unsigned flags, zenu::tag_HROW * row = nullptr) const
+    {
+        return grid.name(grid.GetNextRow(flags, row));
+    }
+    TestGrid grid;
+    zenu::tag_HROW *a, *b, *c, *d;
+};
+
+inline void fillRows(TestGrid & grid, int count, bool various)
+{
+    grid.addColumns({100, 150, 120});
+    grid.SetDefaultHeight(20);
+    for (zenu::tag_HROW * const row : grid.addMany(count)) {
+        int const number = static_cast<int>(grid.GetRowCount()) + grid.name(row).toInt();
+        if (various && number % 3 == 0) {
+            grid.SetRowHeight(row, 3 + number * 7 % 70);
+        }
+    }
 }
 
 } // namespace zenutest

@@ -4,6 +4,7 @@
 #include <climits>
 
 using namespace zenu;
+using zenutest::fillRows;
 using zenutest::Notes;
 using zenutest::TestGrid;
 
@@ -95,18 +96,6 @@ RowRules rulesOf(TestGrid & grid)
     return rules;
 }
 
-void fill(TestGrid & grid, int count, bool various)
-{
-    grid.addColumns({100, 150, 120});
-    grid.SetDefaultHeight(20);
-    for (tag_HROW * const row : grid.addMany(count)) {
-        int const number = static_cast<int>(grid.GetRowCount()) + grid.name(row).toInt();
-        if (various && number % 3 == 0) {
-            grid.SetRowHeight(row, 3 + number * 7 % 70);
-        }
-    }
-}
-
 } // namespace
 
 class tst_GridScroll : public zenutest::Test
@@ -131,16 +120,6 @@ private Q_SLOTS:
     void bottomIndex_emptyGrid_isNull();
     void wholeRows_partlyShownLastRow_isNotCounted();
     void shownCount_isNeverBelowOne();
-    void scroll_asksWithTheNewTop_andTellsAfterwards();
-    void scroll_pastTheRows_asksWithNull();
-    void veto_leavesEverything_data();
-    void veto_leavesEverything();
-    void nullSink_scrolls();
-    void ensureVisible_row_data();
-    void ensureVisible_row();
-    void ensureVisible_column();
-    void ensureVisible_badHandles_doNothing();
-    void wheel_gathersOverAllGrids_aLineATurn();
 };
 
 void tst_GridScroll::page_isClientBottomMinusHeader_data()
@@ -162,7 +141,7 @@ void tst_GridScroll::page_isClientBottomMinusHeader()
     QFETCH(int, height);
     QFETCH(int, shown);
     TestGrid grid(style);
-    fill(grid, 100, false);
+    fillRows(grid, 100, false);
     QVERIFY(grid.showSized(200, height));
     QCOMPARE(grid.GetPriv().GetPageHeight(), height - 1 - grid.headerHeight());
     if (shown != -1) {
@@ -199,7 +178,7 @@ void tst_GridScroll::verticalCodes_goWhereTheRuleSays()
     QFETCH(int, rows);
     QFETCH(bool, various);
     TestGrid grid(style);
-    fill(grid, rows, various);
+    fillRows(grid, rows, various);
     QVERIFY(grid.showSized(200, height));
     RowRules const rules = rulesOf(grid);
     KGridCtrl::PrivateData & frame = grid.GetPriv();
@@ -240,7 +219,7 @@ void tst_GridScroll::positionCodes_everyPixel_goToTheRowUnderIt()
     QFETCH(int, code);
     QFETCH(bool, various);
     TestGrid grid(GCS_NOHEADER);
-    fill(grid, 15, various);
+    fillRows(grid, 15, various);
     QVERIFY(grid.showSized(200, 101));
     RowRules const rules = rulesOf(grid);
     int const maximum = grid.getVScrollBar()->maximum();
@@ -280,7 +259,7 @@ void tst_GridScroll::horizontalCodes_goWhereTheRuleSays()
     QFETCH(int, pos);
     QFETCH(int, wanted);
     TestGrid grid;
-    fill(grid, 5, false);
+    fillRows(grid, 5, false);
     QVERIFY(grid.showSized(200, 100));
     QCOMPARE(grid.getHScrollBar()->pageStep(), 199);
     QCOMPARE(grid.getHScrollBar()->maximum(), 170);
@@ -312,7 +291,7 @@ void tst_GridScroll::asking_movesNothing()
     QFETCH(int, code);
     QFETCH(bool, answer);
     TestGrid grid;
-    fill(grid, 5, false);
+    fillRows(grid, 5, false);
     QVERIFY(grid.showSized(200, 100));
     grid.OnScroll(5, -1, static_cast<unsigned>(start), true);
     Notes notes(&grid);
@@ -325,7 +304,7 @@ void tst_GridScroll::asking_movesNothing()
 void tst_GridScroll::asking_bothAxes_wantsBoth()
 {
     TestGrid grid;
-    fill(grid, 50, false);
+    fillRows(grid, 50, false);
     QVERIFY(grid.showSized(200, 100));
     QVERIFY(grid.OnScroll(3, 3, 0, false));
     QVERIFY(!grid.OnScroll(0, 3, 0, false)); // to the left of zero
@@ -340,7 +319,7 @@ void tst_GridScroll::asking_bothAxes_wantsBoth()
 void tst_GridScroll::unknownCodes_moveNothing()
 {
     TestGrid grid;
-    fill(grid, 50, false);
+    fillRows(grid, 50, false);
     QVERIFY(grid.showSized(200, 100));
     grid.OnScroll(5, 5, 60, true);
     QString const place = grid.place();
@@ -355,7 +334,7 @@ void tst_GridScroll::unknownCodes_moveNothing()
 void tst_GridScroll::hugeNumbers_stayInTheRange()
 {
     TestGrid grid;
-    fill(grid, 50, false);
+    fillRows(grid, 50, false);
     QVERIFY(grid.showSized(200, 100));
     grid.OnScroll(5, 5, UINT_MAX, true);
     QCOMPARE(grid.GetPriv().hScrollPos, 169);
@@ -418,7 +397,7 @@ void tst_GridScroll::wholeRows_partlyShownLastRow_isNotCounted()
 {
     for (bool const whole : {false, true}) {
         TestGrid grid((whole ? long(GCS_WHOLEROWS) : 0L) | GCS_NOHEADER);
-        fill(grid, 50, false);
+        fillRows(grid, 50, false);
         QVERIFY(grid.showSized(200, 111));
         QCOMPARE(grid.GetVisibleCount(), whole ? 5u : 6u);
         QCOMPARE(grid.name(grid.GetBottomIndex()), QString(whole ? u'4' : u'5'));
@@ -428,184 +407,11 @@ void tst_GridScroll::wholeRows_partlyShownLastRow_isNotCounted()
 void tst_GridScroll::shownCount_isNeverBelowOne()
 {
     TestGrid grid(GCS_WHOLEROWS);
-    fill(grid, 50, false);
+    fillRows(grid, 50, false);
     grid.SetRowHeight(grid.GetNextRow(GCN_VISIBLE_FIRST), 500);
     QVERIFY(grid.showSized(200, 80));
     QCOMPARE(grid.GetVisibleCount(), 1u);
     QCOMPARE(grid.GetTopIndex(), grid.GetBottomIndex());
-}
-
-void tst_GridScroll::scroll_asksWithTheNewTop_andTellsAfterwards()
-{
-    TestGrid grid;
-    fill(grid, 50, false);
-    QVERIFY(grid.showSized(200, 100));
-    Notes notes(&grid);
-    grid.OnScroll(-1, 3, 0, true);
-    QCOMPARE(notes.taken(), QStringLiteral("scrolling 1; scrolled"));
-    grid.OnScroll(3, -1, 0, true);
-    QCOMPARE(notes.taken(), QStringLiteral("scrolling 1; scrolled"));
-    grid.OnScroll(-1, 7, 0, true);
-    QCOMPARE(notes.taken(), QStringLiteral("scrolling 0; scrolled"));
-    grid.OnScroll(-1, 7, 0, true);
-    QCOMPARE(notes.taken(), QString());
-}
-
-void tst_GridScroll::scroll_pastTheRows_asksWithNull()
-{
-    TestGrid grid;
-    fill(grid, 50, false);
-    QVERIFY(grid.showSized(200, 100));
-    Notes notes(&grid);
-    notes.allowScroll = false;
-    QVERIFY(!grid.GetPriv().ScrollTo(0, 50));
-    QCOMPARE(notes.taken(), QStringLiteral("scrolling -"));
-}
-
-void tst_GridScroll::veto_leavesEverything_data()
-{
-    QTest::addColumn<int>("hCode");
-    QTest::addColumn<int>("vCode");
-    for (int code = 0; code < 8; ++code) {
-        QTest::addRow("vertical %d", code) << -1 << code;
-        QTest::addRow("horizontal %d", code) << code << -1;
-    }
-}
-
-void tst_GridScroll::veto_leavesEverything()
-{
-    QFETCH(int, hCode);
-    QFETCH(int, vCode);
-    TestGrid grid;
-    fill(grid, 50, false);
-    QVERIFY(grid.showSized(200, 100));
-    grid.OnScroll(5, 5, 60, true);
-    grid.takePainted();
-    QString const place = grid.place();
-    int const h = grid.getHScrollBar()->value();
-    int const v = grid.getVScrollBar()->value();
-    Notes notes(&grid);
-    notes.allowScroll = false;
-    QVERIFY(grid.OnScroll(hCode, vCode, 100, true));
-    QCOMPARE(notes.calls.size(), 1);
-    QCOMPARE(grid.place(), place);
-    QCOMPARE(grid.getHScrollBar()->value(), h);
-    QCOMPARE(grid.getVScrollBar()->value(), v);
-    QVERIFY(grid.takePainted().isEmpty());
-}
-
-void tst_GridScroll::nullSink_scrolls()
-{
-    TestGrid grid;
-    fill(grid, 50, false);
-    grid.setNotification(nullptr);
-    QVERIFY(grid.showSized(200, 100));
-    grid.OnScroll(3, 3, 0, true);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), 1);
-    QCOMPARE(grid.GetPriv().hScrollPos, 5);
-}
-
-void tst_GridScroll::ensureVisible_row_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("top");
-    QTest::addColumn<QString>("calls");
-    // Rows 10 to 15 are on display, the last of them in part.
-    QTest::newRow("above") << 4 << 4 << "scrolling 4; scrolled";
-    QTest::newRow("top row") << 10 << 10 << "";
-    QTest::newRow("inside") << 13 << 10 << "";
-    QTest::newRow("the last one, in part") << 15 << 11 << "scrolling 11; scrolled";
-    QTest::newRow("below") << 30 << 26 << "scrolling 26; scrolled";
-    QTest::newRow("final row") << 49 << 45 << "scrolling 45; scrolled";
-}
-
-void tst_GridScroll::ensureVisible_row()
-{
-    QFETCH(int, row);
-    QFETCH(int, top);
-    QFETCH(QString, calls);
-    TestGrid grid(GCS_NOHEADER);
-    grid.addColumns({100});
-    grid.SetDefaultHeight(20);
-    std::vector<tag_HROW *> const rows = grid.addMany(50);
-    QVERIFY(grid.showSized(200, 111));
-    grid.OnScroll(-1, 5, 200, true);
-    QCOMPARE(grid.place(), QStringLiteral("10 +6 0"));
-    Notes notes(&grid);
-    grid.EnsureVisible(rows[static_cast<std::size_t>(row)], GC_NOCOLUMN);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), top);
-    QCOMPARE(notes.taken(), calls);
-    notes.allowScroll = false;
-    grid.EnsureVisible(rows[0], GC_NOCOLUMN);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), top);
-}
-
-void tst_GridScroll::ensureVisible_column()
-{
-    TestGrid grid;
-    std::vector<tag_HCOLUMN *> const columns = grid.addColumns({100, 150, 120, 300});
-    grid.addMany(3);
-    QVERIFY(grid.showSized(200, 100));
-    KGridCtrl::PrivateData & frame = grid.GetPriv();
-    // Its right edge meets the view's, which is right minus left wide.
-    grid.EnsureVisible(nullptr, columns[1]);
-    QCOMPARE(frame.hScrollPos, 250 - 199);
-    grid.EnsureVisible(nullptr, columns[0]);
-    QCOMPARE(frame.hScrollPos, 0);
-    // Wider than the view: its left edge.
-    grid.EnsureVisible(nullptr, columns[3]);
-    QCOMPARE(frame.hScrollPos, 0);
-    grid.OnScroll(5, -1, 450, true);
-    QCOMPARE(frame.hScrollPos, 450);
-    grid.EnsureVisible(nullptr, columns[3]);
-    QCOMPARE(frame.hScrollPos, 370);
-    Notes notes(&grid);
-    notes.allowScroll = false;
-    grid.EnsureVisible(nullptr, columns[0]);
-    QCOMPARE(frame.hScrollPos, 370);
-    grid.ShowColumn(columns[0], false);
-    notes.taken();
-    grid.EnsureVisible(nullptr, columns[0]);
-    QCOMPARE(notes.taken(), QString());
-}
-
-void tst_GridScroll::ensureVisible_badHandles_doNothing()
-{
-    TestGrid grid;
-    fill(grid, 50, false);
-    QVERIFY(grid.showSized(200, 100));
-    tag_HROW * const parent = grid.add("p");
-    tag_HROW * const child = grid.add("c", parent);
-    grid.Expand(parent, GCE_COLLAPSE);
-    Notes notes(&grid);
-    grid.EnsureVisible(child, GC_NOCOLUMN);
-    grid.EnsureVisible(nullptr, nullptr);
-    grid.EnsureVisible(GC_ROOT, GC_NOCOLUMN);
-    grid.EnsureVisible(reinterpret_cast<tag_HROW *>(&grid), reinterpret_cast<tag_HCOLUMN *>(77));
-    QCOMPARE(notes.taken(), QString());
-}
-
-void tst_GridScroll::wheel_gathersOverAllGrids_aLineATurn()
-{
-    TestGrid grid;
-    TestGrid other;
-    fill(grid, 50, false);
-    fill(other, 50, false);
-    QVERIFY(grid.showSized(200, 100));
-    QVERIFY(other.showSized(200, 100));
-    grid.GetPriv().Wheel(-60);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), 0);
-    other.GetPriv().Wheel(-60);
-    QCOMPARE(other.GetPriv().GetTopIndex(), 1);
-    grid.GetPriv().Wheel(-600);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), 1);
-    grid.GetPriv().Wheel(120);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), 0);
-    // The grid itself takes no wheel.
-    QWheelEvent event(QPointF(5, 60), QPointF(5, 60), QPoint(), QPoint(0, -240), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&grid, &event);
-    QCOMPARE(grid.GetPriv().GetTopIndex(), 0);
 }
 
 ZENU_TEST(tst_GridScroll)

@@ -6,31 +6,8 @@
 
 using namespace zenu;
 using zenutest::SlimTree;
+using zenutest::SmallTree;
 using zenutest::TestGrid;
-
-namespace {
-
-// a (b c) d
-struct Tree
-{
-    explicit Tree(unsigned long exStyle = 0)
-    {
-        grid.SetGridExStyle(exStyle);
-        grid.addColumns({50});
-        a = grid.add("a");
-        b = grid.add("b", a);
-        c = grid.add("c", a);
-        d = grid.add("d");
-    }
-    QString next(unsigned flags, tag_HROW * row = nullptr) const
-    {
-        return grid.name(grid.GetNextRow(flags, row));
-    }
-    TestGrid grid;
-    tag_HROW *a, *b, *c, *d;
-};
-
-} // namespace
 
 class tst_GridWalks : public zenutest::Test
 {
@@ -40,21 +17,6 @@ private Q_SLOTS:
     void relatives();
     void unknownFlags_areNull();
     void badRows_areNull();
-    void allRows_inTheLocatorsOrder_data();
-    void allRows_inTheLocatorsOrder();
-    void allRows_endAfter_data();
-    void allRows_endAfter();
-    void allRows_goOnAfterOtherChanges();
-    void allRows_fromAnotherRow_end();
-    void allRows_withoutFirst_areNull();
-    void shownAndVisible_endAfterAChange_data();
-    void shownAndVisible_endAfterAChange();
-    void shown_stopsPastTheLastOnDisplay();
-    void shownAndVisible_fromAnotherRow_end();
-    void shownAndVisible_withoutRows_areNull();
-    void selected_endWhenARowLeaves_data();
-    void selected_endWhenARowLeaves();
-    void selected_withoutFirst_areNull();
     void children_resumeFromAnySibling();
     void children_withoutAWalk_areSearched();
     void children_previous();
@@ -108,7 +70,7 @@ void tst_GridWalks::relatives()
     QFETCH(unsigned, flags);
     QFETCH(char, from);
     QFETCH(QString, to);
-    Tree const tree;
+    SmallTree const tree;
     const_cast<TestGrid &>(tree.grid).SetRowSel(tree.c, true);
     tag_HROW * const rows[] = {tree.a, tree.b, tree.c, tree.d};
     tag_HROW * const row = from == 'x' ? nullptr : from == 'r' ? GC_ROOT : rows[from - 'a'];
@@ -117,7 +79,7 @@ void tst_GridWalks::relatives()
 
 void tst_GridWalks::unknownFlags_areNull()
 {
-    Tree const tree;
+    SmallTree const tree;
     for (unsigned const flags : {0u, 17u, 100u, 0x8001u, UINT_MAX}) {
         QVERIFY(!tree.grid.GetNextRow(flags, tree.a));
     }
@@ -125,7 +87,7 @@ void tst_GridWalks::unknownFlags_areNull()
 
 void tst_GridWalks::badRows_areNull()
 {
-    Tree tree;
+    SmallTree tree;
     tag_HROW * const stale = tree.grid.add("x");
     tree.grid.DeleteRow(stale);
     for (tag_HROW * const row : {static_cast<tag_HROW *>(nullptr), stale,
@@ -143,255 +105,6 @@ void tst_GridWalks::badRows_areNull()
     for (unsigned const flags : {GCN_CHILD_NEXT, GCN_CHILD_PREV, GCN_PARENT, GCN_VISIBLE_PARENT}) {
         QVERIFY(!tree.grid.GetNextRow(flags, GC_ROOT));
     }
-}
-
-void tst_GridWalks::allRows_inTheLocatorsOrder_data()
-{
-    QTest::addColumn<bool>("fast");
-    QTest::newRow("by address") << false;
-    QTest::newRow("depth first") << true;
-}
-
-void tst_GridWalks::allRows_inTheLocatorsOrder()
-{
-    QFETCH(bool, fast);
-    Tree tree(fast ? GCXS_FASTLOCATOR : 0u);
-    tree.grid.Expand(tree.a, GCE_COLLAPSE);
-    tag_HROW * const e = tree.grid.add("e", tree.a, GCI_FIRST);
-    if (fast) {
-        QCOMPARE(tree.grid.walk(GCN_ALL_FIRST), QStringLiteral("a e b c d"));
-        return;
-    }
-    std::vector<tag_HROW *> rows{tree.a, tree.b, tree.c, tree.d, e};
-    std::sort(rows.begin(), rows.end(), std::less<>());
-    QStringList names;
-    for (tag_HROW * const row : rows) {
-        names << tree.grid.name(row);
-    }
-    QCOMPARE(tree.grid.walk(GCN_ALL_FIRST), names.join(u' '));
-}
-
-void tst_GridWalks::allRows_endAfter_data()
-{
-    QTest::addColumn<int>("change");
-    QTest::addColumn<bool>("fast");
-    char const * const names[] = {"an insertion",       "a deletion",          "a section",
-                                  "a slim row",         "a failed slim batch", "deleting all rows",
-                                  "a change of locator"};
-    for (int change = 0; change < 7; ++change) {
-        for (bool const fast : {false, true}) {
-            if (change < 5 || !fast) {
-                QTest::addRow("%s%s", names[change], fast ? ", fast" : "") << change << fast;
-            }
-        }
-    }
-}
-
-void tst_GridWalks::allRows_endAfter()
-{
-    QFETCH(int, change);
-    QFETCH(bool, fast);
-    Tree tree(fast ? GCXS_FASTLOCATOR : 0u);
-    tag_HROW * const first = tree.grid.GetNextRow(GCN_ALL_FIRST);
-    QVERIFY(first);
-    GC_SLIMROWDATA data;
-    switch (change) {
-    case 0:
-        tree.grid.InsertRow(tree.a, GCI_LAST);
-        break;
-    case 1:
-        tree.grid.DeleteRow(tree.c);
-        break;
-    case 2:
-        tree.grid.InsertSection(nullptr, GCI_LAST);
-        break;
-    case 3:
-        tree.grid.InsertSlimRow(1, true, GC_ROOT, GCI_LAST);
-        break;
-    case 4:
-        tree.grid.InsertSlimRows(1, &data, GC_ROOT, nullptr);
-        break;
-    case 5:
-        tree.grid.DeleteAllRows();
-        break;
-    default:
-        tree.grid.DeleteAllRows();
-        tree.grid.SetGridExStyle(GCXS_FASTLOCATOR);
-    }
-    QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, first));
-    QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, first));
-}
-
-void tst_GridWalks::allRows_goOnAfterOtherChanges()
-{
-    Tree tree;
-    tag_HROW * const first = tree.grid.GetNextRow(GCN_ALL_FIRST);
-    tree.grid.Expand(tree.a, GCE_TOGGLE);
-    tree.grid.Sort(tree.grid.firstColumn(), true);
-    tree.grid.SetRowHeight(tree.b, 50);
-    tree.grid.SelectAll();
-    tree.grid.AddColumn("late", 0, 5);
-    QVERIFY(tree.grid.GetNextRow(GCN_ALL_NEXT, first));
-}
-
-void tst_GridWalks::allRows_fromAnotherRow_end()
-{
-    for (bool const fast : {false, true}) {
-        Tree tree(fast ? GCXS_FASTLOCATOR : 0u);
-        tag_HROW * const first = tree.grid.GetNextRow(GCN_ALL_FIRST);
-        tag_HROW * const second = tree.grid.GetNextRow(GCN_ALL_NEXT, first);
-        QVERIFY(second);
-        QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, first));  // not the row it gave last
-        QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, second)); // and now it is over
-        QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, nullptr));
-    }
-}
-
-void tst_GridWalks::allRows_withoutFirst_areNull()
-{
-    Tree const tree;
-    QVERIFY(!tree.grid.GetNextRow(GCN_ALL_NEXT, tree.a));
-    QVERIFY(!tree.grid.GetNextRow(GCN_SHOWN_NEXT, tree.a));
-    QVERIFY(!tree.grid.GetNextRow(GCN_VISIBLE_NEXT, tree.a));
-    TestGrid const empty;
-    QVERIFY(!empty.GetNextRow(GCN_ALL_FIRST));
-    QVERIFY(!empty.GetNextRow(GCN_CHILD_FIRST, GC_ROOT));
-}
-
-void tst_GridWalks::shownAndVisible_endAfterAChange_data()
-{
-    QTest::addColumn<unsigned>("first");
-    QTest::addColumn<int>("change");
-    char const * const names[] = {"insertion", "deletion", "expansion", "sort", "height"};
-    for (unsigned const first : {unsigned(GCN_SHOWN_FIRST), unsigned(GCN_VISIBLE_FIRST)}) {
-        for (int change = 0; change < 5; ++change) {
-            QTest::addRow("%s, %s", first == GCN_SHOWN_FIRST ? "shown" : "visible", names[change])
-                << first << change;
-        }
-    }
-}
-
-void tst_GridWalks::shownAndVisible_endAfterAChange()
-{
-    QFETCH(unsigned, first);
-    QFETCH(int, change);
-    Tree tree;
-    QVERIFY(tree.grid.showSized(100, 200));
-    QCOMPARE(tree.grid.walk(first), QStringLiteral("a b c d"));
-    QCOMPARE(tree.next(first), QStringLiteral("a"));
-    QCOMPARE(tree.next(first + 1, tree.a), QStringLiteral("b"));
-    switch (change) {
-    case 0:
-        tree.grid.InsertRow(tree.d, GCI_LAST);
-        break;
-    case 1:
-        tree.grid.DeleteRow(tree.d);
-        break;
-    case 2:
-        tree.grid.Expand(tree.a, GCE_COLLAPSE);
-        break;
-    case 3:
-        tree.grid.Sort(nullptr);
-        break;
-    default:
-        tree.grid.SetRowHeight(tree.d, 50);
-    }
-    QVERIFY(!tree.grid.GetNextRow(first + 1, tree.b));
-}
-
-void tst_GridWalks::shown_stopsPastTheLastOnDisplay()
-{
-    TestGrid grid(GCS_NOHEADER);
-    grid.addColumns({50});
-    grid.SetDefaultHeight(20);
-    grid.addMany(30);
-    QVERIFY(grid.showSized(100, 91));
-    grid.OnScroll(-1, 5, 200, true);
-    QCOMPARE(grid.walk(GCN_SHOWN_FIRST), QStringLiteral("10 11 12 13 14"));
-    QCOMPARE(grid.walk(GCN_VISIBLE_FIRST).count(u' '), 29);
-    // A scroll does not end a walk: it goes on over what was on display.
-    tag_HROW * const row = grid.GetNextRow(GCN_SHOWN_FIRST);
-    grid.OnScroll(-1, 7, 0, true);
-    QCOMPARE(grid.name(grid.GetNextRow(GCN_SHOWN_NEXT, row)), QStringLiteral("11"));
-}
-
-void tst_GridWalks::shownAndVisible_fromAnotherRow_end()
-{
-    for (unsigned const first : {unsigned(GCN_SHOWN_FIRST), unsigned(GCN_VISIBLE_FIRST)}) {
-        Tree tree;
-        QVERIFY(tree.grid.showSized(100, 200));
-        tree.grid.GetNextRow(first);
-        QVERIFY(!tree.grid.GetNextRow(first + 1, tree.b));
-        QVERIFY(!tree.grid.GetNextRow(first + 1, tree.a));
-    }
-}
-
-void tst_GridWalks::shownAndVisible_withoutRows_areNull()
-{
-    TestGrid grid;
-    QVERIFY(grid.showSized(100, 100));
-    QVERIFY(!grid.GetNextRow(GCN_SHOWN_FIRST));
-    QVERIFY(!grid.GetNextRow(GCN_VISIBLE_FIRST));
-    QVERIFY(!grid.GetNextRow(GCN_SELECTED_FIRST));
-    QVERIFY(!grid.GetNextRow(GCN_FOCUSED));
-    QCOMPARE(grid.GetNextRow(GCN_ROOT), GC_ROOT);
-}
-
-void tst_GridWalks::selected_endWhenARowLeaves_data()
-{
-    QTest::addColumn<int>("change");
-    QTest::addColumn<bool>("ends");
-    QTest::newRow("a selected row is deleted") << 0 << true;
-    QTest::newRow("a row is deselected") << 1 << true;
-    QTest::newRow("the selection is cleared") << 2 << true;
-    QTest::newRow("another row is deleted") << 3 << false;
-    QTest::newRow("a row is selected") << 4 << false;
-    QTest::newRow("a row is expanded") << 5 << false;
-}
-
-void tst_GridWalks::selected_endWhenARowLeaves()
-{
-    QFETCH(int, change);
-    QFETCH(bool, ends);
-    Tree tree;
-    tag_HROW * rows[] = {tree.a, tree.b, tree.c};
-    tree.grid.SelectRows(3, rows);
-    tag_HROW * const first = tree.grid.GetNextRow(GCN_SELECTED_FIRST);
-    tag_HROW * const last = std::max({tree.a, tree.b, tree.c}, std::less<>());
-    QVERIFY(first != last);
-    switch (change) {
-    case 0:
-        tree.grid.DeleteRow(last == tree.a ? tree.b : last);
-        break;
-    case 1:
-        tree.grid.SetRowSel(last, false);
-        break;
-    case 2:
-        tree.grid.ClearSelection();
-        break;
-    case 3:
-        tree.grid.DeleteRow(tree.d);
-        break;
-    case 4:
-        tree.grid.SetRowSel(tree.d, true);
-        break;
-    default:
-        tree.grid.Expand(tree.a, GCE_COLLAPSE);
-    }
-    QCOMPARE(tree.grid.GetNextRow(GCN_SELECTED_NEXT, first) == nullptr, ends);
-}
-
-void tst_GridWalks::selected_withoutFirst_areNull()
-{
-    Tree tree;
-    tree.grid.SelectAll();
-    QVERIFY(!tree.grid.GetNextRow(GCN_SELECTED_NEXT, tree.a));
-    QCOMPARE(tree.grid.selected(), QStringLiteral("a b c d"));
-    tag_HROW * const first = tree.grid.GetNextRow(GCN_SELECTED_FIRST);
-    tag_HROW * const second = tree.grid.GetNextRow(GCN_SELECTED_NEXT, first);
-    QVERIFY(second > first);
-    QVERIFY(!tree.grid.GetNextRow(GCN_SELECTED_NEXT, first));
-    QVERIFY(!tree.grid.GetNextRow(GCN_SELECTED_NEXT, second));
 }
 
 void tst_GridWalks::children_resumeFromAnySibling()
@@ -419,7 +132,7 @@ void tst_GridWalks::children_resumeFromAnySibling()
 
 void tst_GridWalks::children_withoutAWalk_areSearched()
 {
-    Tree const tree;
+    SmallTree const tree;
     QCOMPARE(tree.next(GCN_CHILD_NEXT, tree.b), QStringLiteral("c"));
     QCOMPARE(tree.next(GCN_CHILD_PREV, tree.c), QStringLiteral("b"));
     QCOMPARE(tree.next(GCN_CHILD_NEXT, tree.a), QStringLiteral("d"));
@@ -471,7 +184,7 @@ void tst_GridWalks::children_goOnAfterDeletionOfTheCurrentsSibling()
 
 void tst_GridWalks::childWalks_areDroppedWhenChildrenChange()
 {
-    Tree tree;
+    SmallTree tree;
     KGridCtrl::PrivateData const & frame = tree.grid.GetPriv();
     auto const begin = [&] { tree.grid.GetNextRow(GCN_CHILD_FIRST, tree.a); };
     begin();
@@ -499,7 +212,7 @@ void tst_GridWalks::childWalks_areDroppedWhenChildrenChange()
 
 void tst_GridWalks::lastChild_hasNoNext()
 {
-    Tree const tree;
+    SmallTree const tree;
     QVERIFY(!tree.grid.GetNextRow(GCN_CHILD_NEXT, tree.c));
     tree.grid.GetNextRow(GCN_CHILD_FIRST, tree.a);
     QVERIFY(!tree.grid.GetNextRow(GCN_CHILD_NEXT, tree.c));
@@ -508,7 +221,7 @@ void tst_GridWalks::lastChild_hasNoNext()
 
 void tst_GridWalks::visibleParent_skipsHiddenAncestors()
 {
-    Tree tree;
+    SmallTree tree;
     tag_HROW * const deep = tree.grid.add("e", tree.grid.add("x", tree.b));
     QCOMPARE(tree.next(GCN_VISIBLE_PARENT, deep), QStringLiteral("x"));
     tree.grid.Expand(tree.b, GCE_COLLAPSE);
@@ -520,7 +233,7 @@ void tst_GridWalks::visibleParent_skipsHiddenAncestors()
 
 void tst_GridWalks::visiblePrevious()
 {
-    Tree tree;
+    SmallTree tree;
     tree.grid.Expand(tree.a, GCE_COLLAPSE);
     QCOMPARE(tree.next(GCN_VISIBLE_PREV, tree.d), QStringLiteral("a"));
     QVERIFY(!tree.grid.GetNextRow(GCN_VISIBLE_PREV, tree.b)); // out of the order
@@ -544,7 +257,7 @@ void tst_GridWalks::begin_keepsTheSteppingFlag()
 {
     QFETCH(unsigned, flags);
     QFETCH(QString, rows);
-    Tree tree;
+    SmallTree tree;
     QVERIFY(tree.grid.showSized(100, 200));
     tree.grid.ClearSelection();
     tree.grid.SetRowSel(tree.b, true);
@@ -555,7 +268,7 @@ void tst_GridWalks::begin_keepsTheSteppingFlag()
 
 void tst_GridWalks::begin_withANextFlag_stopsAfterOneRow()
 {
-    Tree tree;
+    SmallTree tree;
     tag_HROW * const first = tree.grid.GetNextRow(GCN_ALL_FIRST);
     auto walk = tree.grid.begin(GCN_ALL_NEXT, first);
     QVERIFY(*walk);
@@ -565,19 +278,19 @@ void tst_GridWalks::begin_withANextFlag_stopsAfterOneRow()
 
 void tst_GridWalks::equality_looksAtTheRowAlone()
 {
-    Tree tree;
+    SmallTree tree;
     QVERIFY(tree.grid.begin(GCN_CHILD_FIRST, tree.a) != tree.grid.begin(GCN_CHILD_NEXT, tree.a));
     auto const children = tree.grid.begin(GCN_CHILD_FIRST, GC_ROOT);
     auto const visible = tree.grid.begin(GCN_VISIBLE_FIRST);
     QVERIFY(children == visible);
     QVERIFY(!(children != visible));
-    Tree const other;
+    SmallTree const other;
     QVERIFY(other.grid.end() == tree.grid.end());
 }
 
 void tst_GridWalks::plus_stepsOn_andNotForLessThanOne()
 {
-    Tree tree;
+    SmallTree tree;
     auto const begin = tree.grid.begin(GCN_VISIBLE_FIRST);
     for (int const none : {0, -1, INT_MIN}) {
         QCOMPARE(*(begin + none), tree.a);
@@ -594,7 +307,7 @@ void tst_GridWalks::plus_stepsOn_andNotForLessThanOne()
 
 void tst_GridWalks::standardAlgorithms_takeTheWalk()
 {
-    Tree const tree;
+    SmallTree const tree;
     QCOMPARE(std::distance(tree.grid.begin(GCN_CHILD_FIRST, GC_ROOT), tree.grid.end()), 2);
     std::vector<tag_HROW *> const rows(tree.grid.begin(GCN_VISIBLE_FIRST), tree.grid.end());
     QCOMPARE(rows, (std::vector<tag_HROW *>{tree.a, tree.b, tree.c, tree.d}));
@@ -602,7 +315,7 @@ void tst_GridWalks::standardAlgorithms_takeTheWalk()
 
 void tst_GridWalks::locator_staleHandle_isRefused()
 {
-    Tree tree;
+    SmallTree tree;
     tree.grid.DeleteRow(tree.b);
     GC_ROW record;
     QVERIFY(!tree.grid.GetRow(tree.b, &record));
@@ -611,7 +324,7 @@ void tst_GridWalks::locator_staleHandle_isRefused()
 
 void tst_GridWalks::locator_switches_onlyWhileEmpty()
 {
-    Tree tree;
+    SmallTree tree;
     QCOMPARE(tree.grid.SetGridExStyle(GCXS_FASTLOCATOR), 0ul);
     QCOMPARE(tree.grid.GetGridExStyle(), static_cast<unsigned long>(GCXS_FASTLOCATOR));
     GC_ROW record;
@@ -632,7 +345,7 @@ void tst_GridWalks::locator_switches_onlyWhileEmpty()
 
 void tst_GridWalks::locator_fast_countsAndWalks()
 {
-    Tree tree(GCXS_FASTLOCATOR);
+    SmallTree tree(GCXS_FASTLOCATOR);
     QCOMPARE(tree.grid.GetRowCount(), 4u);
     tree.grid.Expand(tree.a, GCE_COLLAPSE);
     QCOMPARE(tree.grid.walk(GCN_ALL_FIRST), QStringLiteral("a b c d"));

@@ -240,4 +240,33 @@ inline bool isFilled(QImage const & picture, QRect const & rect, QColor const & 
     return true;
 }
 
+constexpr int threeRowsHeight = 20;
+
+// Two columns of 60 and 40 pixels and three rows of 20, the second selected.
+struct ThreeRows
+{
+    explicit ThreeRows(long style = 0, QWidget * parent = nullptr)
+        : grid(style, parent)
+    {
+        grid.SetDefaultHeight(threeRowsHeight);
+        first = grid.addColumn(60);
+        second = grid.addColumn(40);
+        for (zenu::tag_HROW *& row : rows) {
+            row = grid.addRow();
+        }
+    }
+    // Of a cell of the row, in widget coordinates.
+    QRect cell(int row, zenu::tag_HCOLUMN * column) const
+    {
+        QRect rect;
+        grid.GetItemRect(rows[row], column, &rect);
+        return rect.adjusted(0, 0, -1, 0);
+    }
+
+    PictureGrid grid;
+    zenu::tag_HCOLUMN * first;
+    zenu::tag_HCOLUMN * second;
+    zenu::tag_HROW * rows[3] = {};
+};
+
 } // namespace zenutest

@@ -5,75 +5,7 @@
 
 using namespace zenutest;
 
-// What a shown grid paints, by pixels computed from the rules.
-class tst_GridPicture : public zenutest::Test
-{
-    Q_OBJECT
-private Q_SLOTS:
-    void selection_followsFocusAndStyle_data();
-    void selection_followsFocusAndStyle();
-    void selectedSection_followsFocusAndStyle_data();
-    void selectedSection_followsFocusAndStyle();
-    void focusComesAndGoes_selectionIsRepainted();
-    void anotherWindowIsActive_selectionIsRepainted();
-
-    void focusLines_standRoundTheFocusedRow();
-    void focusLines_withFramedColumn_areNotDrawn();
-    void focusCell_leavesAFrame();
-    void separators_standAtTheEndsOfCellsAndRows();
-    void hiddenColumn_isSkipped();
-    void section_spansAllColumns();
-    void treeLines_endAtTheLastRow();
-    void images_followSelection();
-    void ownerDrawColumn_showsTreePartsOnly();
-
-    void emptyGrid_isBackground_data();
-    void emptyGrid_isBackground();
-    void areaRightOfColumns_isBackground();
-    void areaRightOfColumns_whenScrolled_isBackground();
-    void areaBelowRows_isBackground_data();
-    void areaBelowRows_isBackground();
-    void everyPixel_isPainted_data();
-    void everyPixel_isPainted();
-    void paintOfAPart_equalsThatPartOfAll_data();
-    void paintOfAPart_equalsThatPartOfAll();
-
-    void slimCallbacks_bracketThePaint();
-    void paintDuringAPaint_drawsNothing();
-    void stripOfRows_asksForThoseAlone();
-    void stripBelowAllRows_asksForNoneBeyondTheDisplay();
-};
-
 namespace {
-
-constexpr int rowHeight = 20;
-
-// Two columns of 60 and 40 pixels and three rows of 20, the second selected.
-struct ThreeRows
-{
-    explicit ThreeRows(long style = 0, QWidget * parent = nullptr)
-        : grid(style, parent)
-    {
-        grid.SetDefaultHeight(rowHeight);
-        first = grid.addColumn(60);
-        second = grid.addColumn(40);
-        for (tag_HROW *& row : rows) {
-            row = grid.addRow();
-        }
-    }
-    // Of a cell of the row, in widget coordinates.
-    QRect cell(int row, tag_HCOLUMN * column) const
-    {
-        QRect rect;
-        grid.GetItemRect(rows[row], column, &rect);
-        return rect.adjusted(0, 0, -1, 0);
-    }
-
-    PictureGrid grid;
-    tag_HCOLUMN * first;
-    tag_HCOLUMN * second;
-    tag_HROW * rows[3] = {};
-};
 
 void addFocusAndStyle()
 {
@@ -111,6 +43,28 @@ struct Window : QWidget
 };
 
 } // namespace
+
+// What a shown grid paints, by pixels computed from the rules.
+class tst_GridPicture : public zenutest::Test
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void selection_followsFocusAndStyle_data();
+    void selection_followsFocusAndStyle();
+    void selectedSection_followsFocusAndStyle_data();
+    void selectedSection_followsFocusAndStyle();
+    void focusComesAndGoes_selectionIsRepainted();
+    void anotherWindowIsActive_selectionIsRepainted();
+    void focusLines_standRoundTheFocusedRow();
+    void focusLines_withFramedColumn_areNotDrawn();
+    void focusCell_leavesAFrame();
+    void separators_standAtTheEndsOfCellsAndRows();
+    void hiddenColumn_isSkipped();
+    void section_spansAllColumns();
+    void treeLines_endAtTheLastRow();
+    void images_followSelection();
+    void ownerDrawColumn_showsTreePartsOnly();
+};
 
 void tst_GridPicture::selection_followsFocusAndStyle_data()
 {
@@ -160,7 +114,7 @@ void tst_GridPicture::selectedSection_followsFocusAndStyle()
     QRect const row = grid.rowRect(section);
     QImage const picture = zenutest::picture(window);
     QVERIFY(isFilled(picture, QRect(0, row.top(), 100, 1), PictureGrid::colorOf(tops[look])));
-    QVERIFY(isFilled(picture, QRect(0, row.top() + 1, 100, rowHeight - 2),
+    QVERIFY(isFilled(picture, QRect(0, row.top() + 1, 100, threeRowsHeight - 2),
                      PictureGrid::colorOf(backgrounds[look])));
     QVERIFY(isFilled(picture, QRect(0, row.bottom(), 100, 1), PictureGrid::colorOf(bottoms[look])));
 }
@@ -217,10 +171,10 @@ void tst_GridPicture::focusLines_standRoundTheFocusedRow()
         QVERIFY(isHalfTone(withFocus, QRect(0, y, 100, 1), line));
         QCOMPARE(QColor(withFocus.pixel(100, y)), PictureGrid::colorOf(GCC_BACKGROUND));
     }
-    QVERIFY(isFilled(withFocus, QRect(0, row.top() + 1, 100, rowHeight - 2),
+    QVERIFY(isFilled(withFocus, QRect(0, row.top() + 1, 100, threeRowsHeight - 2),
                      PictureGrid::colorOf(GCC_SELBACKGROUND)));
     grid.clearFocus();
-    QVERIFY(isFilled(grid.paintAll(), QRect(0, row.top(), 100, rowHeight),
+    QVERIFY(isFilled(grid.paintAll(), QRect(0, row.top(), 100, threeRowsHeight),
                      PictureGrid::colorOf(GCC_BACKGROUND)));
 }
 
@@ -236,17 +190,18 @@ void tst_GridPicture::focusLines_withFramedColumn_areNotDrawn()
     QRect const row = grid.rowRect(content.rows[1]);
     QImage const picture = grid.paintAll();
     QColor const background = PictureGrid::colorOf(GCC_BACKGROUND);
-    QVERIFY(isFilled(picture, QRect(0, row.top(), 100, rowHeight), background));
+    QVERIFY(isFilled(picture, QRect(0, row.top(), 100, threeRowsHeight), background));
     // The frame starts at the cell's left edge, two pixels before the text.
     QColor const frame = QColor::fromRgb(~background.rgb() & 0xffffff);
     QFontMetrics const metrics(grid.font(), &grid);
     int const height = metrics.size(Qt::TextSingleLine, QStringLiteral("Text")).height();
-    QRect const line(100, row.top() + (rowHeight - height) / 2, 1, height);
+    QRect const line(100, row.top() + (threeRowsHeight - height) / 2, 1, height);
     QVERIFY(isHalfTone(picture, line, frame));
-    QVERIFY(isFilled(picture, QRect(100, row.top(), 80, (rowHeight - height) / 2), background));
+    QVERIFY(
+        isFilled(picture, QRect(100, row.top(), 80, (threeRowsHeight - height) / 2), background));
     // A hidden framed column keeps the lines away as well.
     grid.ShowColumn(framed, false);
-    QVERIFY(isFilled(grid.paintAll(), QRect(0, row.top(), 100, rowHeight), background));
+    QVERIFY(isFilled(grid.paintAll(), QRect(0, row.top(), 100, threeRowsHeight), background));
 }
 
 void tst_GridPicture::focusCell_leavesAFrame()
@@ -263,8 +218,8 @@ void tst_GridPicture::focusCell_leavesAFrame()
     QVERIFY(isFilled(picture, cell.adjusted(1, 1, -1, -1), PictureGrid::colorOf(GCC_BACKGROUND)));
     QVERIFY(isFilled(picture, QRect(cell.topLeft(), QSize(60, 1)), selected));
     QVERIFY(isFilled(picture, QRect(cell.bottomLeft(), QSize(60, 1)), selected));
-    QVERIFY(isFilled(picture, QRect(cell.topLeft(), QSize(1, rowHeight)), selected));
-    QVERIFY(isFilled(picture, QRect(cell.topRight(), QSize(1, rowHeight)), selected));
+    QVERIFY(isFilled(picture, QRect(cell.topLeft(), QSize(1, threeRowsHeight)), selected));
+    QVERIFY(isFilled(picture, QRect(cell.topRight(), QSize(1, threeRowsHeight)), selected));
     QVERIFY(isFilled(picture, content.cell(1, content.second), selected));
     grid.SetColor(GCC_FOCUSBACKGROUND, Qt::yellow);
     QVERIFY(isFilled(grid.paintAll(), cell.adjusted(1, 1, -1, -1), Qt::yellow));
@@ -283,10 +238,11 @@ void tst_GridPicture::separators_standAtTheEndsOfCellsAndRows()
         QVERIFY(isHalfTone(picture, QRect(0, row.bottom(), 100, 1), separator));
         QCOMPARE(QColor(picture.pixel(100, row.bottom())), background);
         for (int const right : {59, 99}) {
-            QVERIFY(isHalfTone(picture, QRect(right, row.top(), 1, rowHeight - 1), separator));
+            QVERIFY(
+                isHalfTone(picture, QRect(right, row.top(), 1, threeRowsHeight - 1), separator));
         }
-        QVERIFY(isFilled(picture, QRect(0, row.top(), 59, rowHeight - 1), background));
-        QVERIFY(isFilled(picture, QRect(60, row.top(), 39, rowHeight - 1), background));
+        QVERIFY(isFilled(picture, QRect(0, row.top(), 59, threeRowsHeight - 1), background));
+        QVERIFY(isFilled(picture, QRect(60, row.top(), 39, threeRowsHeight - 1), background));
     }
 }
 
@@ -320,9 +276,9 @@ void tst_GridPicture::section_spansAllColumns()
     QVERIFY(isFilled(picture, QRect(0, row.top(), 100, 1), PictureGrid::colorOf(GCC_SECTIONTOP)));
     // The title starts at 15; no vertical line crosses the section.
     QColor const ground = PictureGrid::colorOf(GCC_SECTIONBACKGROUND);
-    QVERIFY(isFilled(picture, QRect(0, row.top() + 1, 15, rowHeight - 2), ground));
-    QVERIFY(isFilled(picture, QRect(60, row.top() + 1, 40, rowHeight - 2), ground));
-    QVERIFY(!isFilled(picture, QRect(15, row.top() + 1, 45, rowHeight - 2), ground));
+    QVERIFY(isFilled(picture, QRect(0, row.top() + 1, 15, threeRowsHeight - 2), ground));
+    QVERIFY(isFilled(picture, QRect(60, row.top() + 1, 40, threeRowsHeight - 2), ground));
+    QVERIFY(!isFilled(picture, QRect(15, row.top() + 1, 45, threeRowsHeight - 2), ground));
     // The horizontal line covers the bottom line.
     QVERIFY(
         isHalfTone(picture, QRect(0, row.bottom(), 100, 1), PictureGrid::colorOf(GCC_SEPARATOR)));
@@ -332,7 +288,7 @@ void tst_GridPicture::section_spansAllColumns()
 void tst_GridPicture::treeLines_endAtTheLastRow()
 {
     PictureGrid grid;
-    grid.SetDefaultHeight(rowHeight);
+    grid.SetDefaultHeight(threeRowsHeight);
     grid.SetIndent(16);
     grid.addColumn(100, GCCK_TEXT, GCCF_TREE | GCCF_TREELINES);
     tag_HROW * const top = grid.addRow();
@@ -342,21 +298,21 @@ void tst_GridPicture::treeLines_endAtTheLastRow()
     QImage const picture = grid.paintAll();
     QColor const line = lineColor();
     QColor const ground = PictureGrid::colorOf(GCC_BACKGROUND);
-    int const middle = (rowHeight - 9) / 2 + 4;
+    int const middle = (threeRowsHeight - 9) / 2 + 4;
     auto const vertical = [&](tag_HROW * row, int x, int from, int to, QColor const & color) {
         return isFilled(picture, QRect(x, grid.rowRect(row).top() + from, 1, to - from), color);
     };
     // The button covers the rest.
     QVERIFY(vertical(top, 6, 0, middle - 4, ground));
-    QVERIFY(vertical(top, 6, middle + 5, rowHeight, line));
-    QVERIFY(vertical(child, 6, 0, rowHeight, line));
+    QVERIFY(vertical(top, 6, middle + 5, threeRowsHeight, line));
+    QVERIFY(vertical(child, 6, 0, threeRowsHeight, line));
     QVERIFY(vertical(child, 22, 0, middle + 1, line));
-    QVERIFY(vertical(child, 22, middle + 1, rowHeight, ground));
+    QVERIFY(vertical(child, 22, middle + 1, threeRowsHeight, ground));
     QVERIFY(vertical(last, 6, 0, middle + 1, line));
-    QVERIFY(vertical(last, 6, middle + 1, rowHeight, ground));
+    QVERIFY(vertical(last, 6, middle + 1, threeRowsHeight, ground));
     // A lone row has none but the one to its text, half an indentation less 2 long.
     PictureGrid other;
-    other.SetDefaultHeight(rowHeight);
+    other.SetDefaultHeight(threeRowsHeight);
     other.SetIndent(16);
     other.addColumn(100, GCCK_TEXT, GCCF_TREE | GCCF_TREELINES);
     int const y = other.rowRect(other.addRow()).top();
@@ -364,14 +320,14 @@ void tst_GridPicture::treeLines_endAtTheLastRow()
     QImage const lone = other.paintAll();
     QVERIFY(isFilled(lone, QRect(6, y, 1, middle), ground));
     QVERIFY(isFilled(lone, QRect(6, y + middle, 16 / 2 - 2, 1), line));
-    QVERIFY(isFilled(lone, QRect(6, y + middle + 1, 1, rowHeight - middle - 1), ground));
+    QVERIFY(isFilled(lone, QRect(6, y + middle + 1, 1, threeRowsHeight - middle - 1), ground));
     QCOMPARE(QColor(lone.pixel(12, y + middle)), ground);
 }
 
 void tst_GridPicture::images_followSelection()
 {
     PictureGrid grid;
-    grid.SetDefaultHeight(rowHeight);
+    grid.SetDefaultHeight(threeRowsHeight);
     tag_HCOLUMN * const column = grid.addColumn(60, GCCK_ICON);
     tag_HROW * const row = grid.addRow();
     grid.setImages(GCIL_NORMAL, QSize(16, 16), {Qt::red, Qt::darkRed});
@@ -405,7 +361,7 @@ void tst_GridPicture::images_followSelection()
 void tst_GridPicture::ownerDrawColumn_showsTreePartsOnly()
 {
     PictureGrid grid;
-    grid.SetDefaultHeight(rowHeight);
+    grid.SetDefaultHeight(threeRowsHeight);
     grid.addColumn(100, GCCK_OWNERDRAW, GCCF_TREE);
     tag_HROW * const row = grid.addRow("Text");
     grid.addRow("Text", row);
@@ -413,296 +369,11 @@ void tst_GridPicture::ownerDrawColumn_showsTreePartsOnly()
     QRect const button(2, grid.rowRect(row).top() + 5, 9, 9);
     QImage expected = grid.paintAll();
     QPainter painter(&expected);
-    painter.fillRect(0, grid.rowRect(row).top(), 100, 2 * rowHeight,
+    painter.fillRect(0, grid.rowRect(row).top(), 100, 2 * threeRowsHeight,
                      PictureGrid::colorOf(GCC_BACKGROUND));
     glyph(painter, GlyphExpanded, button.topLeft());
     painter.end();
     COMPARE_PICTURES(grid.paintAll(), expected);
-}
-
-void tst_GridPicture::emptyGrid_isBackground_data()
-{
-    QTest::addColumn<bool>("columns");
-    QTest::addColumn<bool>("rows");
-    QTest::newRow("nothing") << false << false;
-    QTest::newRow("columns without rows") << true << false;
-    QTest::newRow("rows without columns") << false << true;
-}
-
-void tst_GridPicture::emptyGrid_isBackground()
-{
-    QFETCH(bool, columns);
-    QFETCH(bool, rows);
-    PictureGrid grid(GCS_VERTLINES | GCS_HORZLINES);
-    if (columns) {
-        grid.addColumn(60);
-    }
-    if (rows) {
-        grid.addRow();
-        grid.addSection("Title");
-    }
-    QVERIFY(grid.showSized(300, 200));
-    QVERIFY(isFilled(grid.paintAll(), grid.below(), PictureGrid::colorOf(GCC_BACKGROUND)));
-    grid.SetBkColor(Qt::cyan);
-    QVERIFY(isFilled(grid.paintAll(), grid.below(), Qt::cyan));
-    QCOMPARE(grid.stalePixels(), QString());
-}
-
-void tst_GridPicture::areaRightOfColumns_isBackground()
-{
-    ThreeRows content(GCS_HORZLINES);
-    PictureGrid & grid = content.grid;
-    QVERIFY(grid.showSized(300, 200));
-    int const top = grid.headerHeight();
-    QVERIFY(isFilled(grid.paintAll(), QRect(100, top, 200, 200 - top),
-                     PictureGrid::colorOf(GCC_BACKGROUND)));
-    // A column that shrinks leaves nothing behind.
-    grid.SetColumnWidth(content.second, 10);
-    QCOMPARE(grid.stalePixels(), QString());
-    QVERIFY(isFilled(picture(grid), QRect(70, top, 230, 200 - top),
-                     PictureGrid::colorOf(GCC_BACKGROUND)));
-}
-
-void tst_GridPicture::areaRightOfColumns_whenScrolled_isBackground()
-{
-    PictureGrid grid(GCS_HORZLINES);
-    grid.addColumn(150);
-    tag_HCOLUMN * const last = grid.addColumn(100);
-    grid.addRow("Text");
-    QVERIFY(grid.showSized(200, 100));
-    // The column's right edge meets that of the client: a pixel beyond the columns comes in.
-    grid.EnsureVisible(nullptr, last);
-    QCOMPARE(grid.GetPriv().hScrollPos, 51);
-    QCOMPARE(grid.stalePixels(), QString());
-    int const top = grid.headerHeight();
-    QVERIFY(isFilled(grid.paintAll(), QRect(199, top, 1, 100 - top),
-                     PictureGrid::colorOf(GCC_BACKGROUND)));
-}
-
-void tst_GridPicture::areaBelowRows_isBackground_data()
-{
-    QTest::addColumn<bool>("wholeRows");
-    QTest::newRow("all rows fit") << false;
-    QTest::newRow("a cut row is left out") << true;
-}
-
-void tst_GridPicture::areaBelowRows_isBackground()
-{
-    QFETCH(bool, wholeRows);
-    ThreeRows content(GCS_HORZLINES | (wholeRows ? GCS_WHOLEROWS : 0U));
-    PictureGrid & grid = content.grid;
-    for (tag_HROW * const row : content.rows) {
-        grid.SetRowBkColor(row, Qt::red);
-    }
-    int const rows = wholeRows ? 2 : 3;
-    QVERIFY(grid.showSized(300, wholeRows ? grid.headerHeight() + 55 : 200));
-    int const top = grid.headerHeight() + rows * rowHeight;
-    QImage const picture = grid.paintAll();
-    QVERIFY(isFilled(picture, QRect(0, top, 300, grid.height() - top),
-                     PictureGrid::colorOf(GCC_BACKGROUND)));
-    QVERIFY(isHalfTone(picture, QRect(0, top - 1, 100, 1), PictureGrid::colorOf(GCC_SEPARATOR)));
-}
-
-namespace {
-
-// Every kind of column, tree and section with texts that are too long, in rows of many heights.
-void fillWithAll(PictureGrid & grid)
-{
-    grid.setImages(GCIL_NORMAL, QSize(16, 16), {Qt::red, Qt::blue});
-    grid.setImages(GCIL_OVERLAY, QSize(20, 20), {QColor(0, 90, 0)});
-    grid.setImages(GCIL_LEAD, QSize(12, 12), {Qt::yellow});
-    unsigned const flags[] = {GCCF_TREE | GCCF_TREELINES, 0,         GCCF_FRAMED, GCCF_LEAD,
-                              GCCF_TREE | GCCF_FRAMED,    GCCF_LEAD, 0,           0};
-    for (int kind = GCCK_TEXT; kind <= GCCK_CHECKBOXWITHICON; ++kind) {
-        grid.addColumn(15 + kind * 13, (kind + 1) % 8, flags[kind], kind % 5);
-    }
-    tag_HROW * parent = GC_ROOT;
-    for (int i = 0; i < 24; ++i) {
-        tag_HROW * const row =
-            i % 7 == 3 ? grid.addSection("A section, fjord")
-                       : grid.addRow(i % 2 ? "j" : "Wjf text, some of it cut off fjord", parent);
-        parent = i % 5 == 4 ? GC_ROOT : i % 7 == 3 ? parent : row;
-        for (CGCColumn const * column : grid.GetPriv().columns.all()) {
-            grid.SetItem(row, column->Handle(), GCIM_IMAGE, nullptr, i % 2, 0);
-            grid.SetItem(row, column->Handle(), GCIM_OVERLAY, nullptr, i % 3 - 1, 0);
-        }
-        if (i % 4 == 2) {
-            grid.SetRowHeight(row, 1 + i * 2);
-        }
-    }
-}
-
-void addStyles()
-{
-    QTest::addColumn<int>("style");
-    QTest::newRow("plain") << 0;
-    QTest::newRow("lines") << int(GCS_VERTLINES | GCS_HORZLINES);
-    QTest::newRow("whole rows") << int(GCS_WHOLEROWS | GCS_VERTLINES);
-    QTest::newRow("no header") << int(GCS_NOHEADER | GCS_HORZLINES);
-    QTest::newRow("selected") << int(GCS_SHOWSELALWAYS | GCS_VERTLINES);
-}
-
-} // namespace
-
-void tst_GridPicture::everyPixel_isPainted_data()
-{
-    addStyles();
-}
-
-void tst_GridPicture::everyPixel_isPainted()
-{
-    QFETCH(int, style);
-    PictureGrid grid(style);
-    fillWithAll(grid);
-    QVERIFY(grid.showSized(333, 211));
-    for (int i = 0; i < 12; ++i) {
-        QRect const all = grid.onDevice(grid.below());
-        COMPARE_PICTURES(grid.paintAll(Qt::magenta).copy(all), grid.paintAll(Qt::green).copy(all));
-        grid.OnScroll(-1, i < 6 ? 3 : 4, 0, true);
-        grid.OnScroll(i % 3 == 0 ? 3 : 4, -1, 0, true);
-        grid.resize(333 + i * 40, 211 + i * 10);
-    }
-}
-
-void tst_GridPicture::paintOfAPart_equalsThatPartOfAll_data()
-{
-    addStyles();
-}
-
-void tst_GridPicture::paintOfAPart_equalsThatPartOfAll()
-{
-    QFETCH(int, style);
-    PictureGrid grid(style);
-    fillWithAll(grid);
-    QVERIFY(grid.showSized(333, 211));
-    grid.SelectAll();
-    grid.focusRow(grid.GetNextRow(GCN_VISIBLE_FIRST, nullptr));
-    QRandomGenerator random(7);
-    for (int i = 0; i < 150; ++i) {
-        if (i % 10 == 0) {
-            grid.OnScroll(-1, KScrolledWidget::ScrollToPosition,
-                          static_cast<unsigned>(random.bounded(200)), true);
-            grid.OnScroll(KScrolledWidget::ScrollToPosition, -1,
-                          static_cast<unsigned>(random.bounded(300)), true);
-        }
-        QImage const all = grid.paintAll();
-        QRegion part;
-        for (int pieces = random.bounded(1, 8); pieces > 0; --pieces) {
-            part += QRect(random.bounded(333), random.bounded(211), random.bounded(1, 90),
-                          random.bounded(1, 40)) &
-                    grid.rect();
-        }
-        QImage const painted = grid.paintPart(part);
-        QImage expected = grid.blank();
-        for (QRect const & piece : part) {
-            QRect const device = grid.onDevice(piece);
-            for (int y = device.top(); y <= device.bottom(); ++y) {
-                for (int x = device.left(); x <= device.right(); ++x) {
-                    expected.setPixel(x, y, all.pixel(x, y));
-                }
-            }
-        }
-        COMPARE_PICTURES(painted, expected);
-    }
-}
-
-namespace {
-
-// A hundred slim rows of 20 pixels in two columns.
-struct SlimGrid
-{
-    explicit SlimGrid(int count = 100, long style = 0)
-        : grid(style)
-    {
-        grid.SetSlimGridCallback(&slim);
-        grid.SetDefaultHeight(rowHeight);
-        grid.addColumn(60);
-        grid.addColumn(40);
-        std::vector<GC_SLIMROWDATA> records(static_cast<std::size_t>(count));
-        for (std::size_t i = 0; i < records.size(); ++i) {
-            records[i].param = static_cast<long>(i);
-        }
-        grid.InsertSlimRows(count, records.data(), GC_ROOT, GCI_LAST);
-    }
-    bool show()
-    {
-        bool const shown = grid.showSized(300, grid.headerHeight() + 85);
-        slim.calls.clear();
-        return shown;
-    }
-    SlimRows slim;
-    PictureGrid grid;
-};
-
-} // namespace
-
-void tst_GridPicture::slimCallbacks_bracketThePaint()
-{
-    SlimGrid content;
-    QVERIFY(content.show());
-    content.grid.paintAll();
-    QByteArrayList expected = {"begin"};
-    for (int i = 0; i < 5; ++i) {
-        expected << "row"
-                 << "children"
-                 << "item"
-                 << "text"
-                 << "item"
-                 << "text"
-                 << "release";
-    }
-    expected << "end";
-    QCOMPARE(content.slim.calls, expected);
-    // The brackets stand round a paint without rows too.
-    content.grid.DeleteAllRows();
-    content.slim.calls.clear();
-    content.grid.paintAll();
-    QCOMPARE(content.slim.calls, QByteArrayList({"begin", "end"}));
-}
-
-void tst_GridPicture::paintDuringAPaint_drawsNothing()
-{
-    SlimGrid content;
-    QVERIFY(content.show());
-    QImage const expected = content.grid.paintAll();
-    content.slim.calls.clear();
-    content.slim.hook = [&](char const *) { content.grid.paintNested(); };
-    QImage const picture = content.grid.paintAll();
-    COMPARE_PICTURES(picture, expected);
-    QCOMPARE(content.slim.count("begin"), 1);
-    QCOMPARE(content.slim.count("row"), 5);
-    // After it the next one draws again.
-    content.slim.hook = nullptr;
-    COMPARE_PICTURES(content.grid.paintAll(), expected);
-}
-
-void tst_GridPicture::stripOfRows_asksForThoseAlone()
-{
-    SlimGrid content;
-    QVERIFY(content.show());
-    int const top = content.grid.headerHeight();
-    content.grid.paintPart(QRect(70, top + 25, 10, 30));
-    QCOMPARE(content.slim.count("row"), 2);
-    QCOMPARE(content.slim.count("item"), 2);
-    content.slim.calls.clear();
-    content.grid.paintPart(QRect(59, top + 19, 2, 2));
-    QCOMPARE(content.slim.count("row"), 2);
-    QCOMPARE(content.slim.count("item"), 4);
-    content.slim.calls.clear();
-    content.grid.paintPart(QRect(0, 0, 300, top));
-    QCOMPARE(content.slim.count("row"), 0);
-}
-
-void tst_GridPicture::stripBelowAllRows_asksForNoneBeyondTheDisplay()
-{
-    SlimGrid content(100'000, GCS_WHOLEROWS);
-    QVERIFY(content.show());
-    content.grid.OnScroll(-1, KScrolledWidget::ScrollToEnd, 0, true);
-    settle(content.grid);
-    content.slim.calls.clear();
-    content.grid.paintPart(QRect(0, content.grid.height() - 2, 300, 2));
-    QVERIFY2(content.slim.count("row") <= 5,
-             qPrintable(QString::number(content.slim.count("row"))));
 }
 
 ZENU_TEST(tst_GridPicture)

@@ -1,14 +1,10 @@
 #include "tests/header/HeaderFixtures.h"
 #include "tests/support/TestMain.h"
 
-#include <QApplication>
-
 using namespace zenu;
 using zenutest::paintPending;
 using zenutest::Recorder;
-using zenutest::resizeCursorShown;
 using zenutest::ShownHeader;
-using zenutest::TestHeader;
 
 class tst_HeaderTracking : public zenutest::Test
 {
@@ -30,15 +26,6 @@ private Q_SLOTS:
     void focusOut_pressedButton_isNoLongerDrawnPressed();
     void pressRight_bodyAndDivider_onlyBodyIsReported();
     void pressMiddle_anywhere_isNotReported();
-
-    void cursor_overDivider_isResizeCursor();
-    void cursor_overBodyAndLeave_isGivenBack();
-    void cursor_fixedItemsDivider_staysAsItWas();
-    void cursor_stickingLastItem_isNotShown();
-    void cursor_whileTracking_staysOn();
-    void cursor_changes_areNotStacked();
-    void cursor_headerDeleted_isGivenBack();
-
     void release_button_keepsPressedItemForFocus();
     void doubleClick_divider_changesNoSize();
     void doubleClick_body_isReportedInButtonModeOnly();
@@ -49,13 +36,6 @@ private Q_SLOTS:
     void hotTrack_anotherItemOrADivider_repaintsTheHeader();
     void hotTrack_leave_clears();
     void hotTrack_off_neverSets();
-
-    void callOut_deletesHeader_data();
-    void callOut_deletesHeader();
-    void callOut_deletesItems_data();
-    void callOut_deletesItems();
-    void callOut_removesNotification_isSurvived();
-    void setCursor_deletesHeader_isSurvived();
 };
 
 void tst_HeaderTracking::pressLeft_bodyOfButton_presses()
@@ -172,6 +152,87 @@ void tst_HeaderTracking::pressLeft_notification_mayChangeTheSavedWidth()
     shown.header->setNotification(nullptr);
 }
 
+void tst_HeaderTracking::pressLeft_dividerWithoutWidth_resizesThatItem()
+{
+    ShownHeader shown({100, 0, 100});
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.doubleClick(103);
+    shown.press(103, Qt::RightButton);
+    shown.release(103);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; divider 1; right"));
+    shown.press(103);
+    shown.move(133);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 1 0; track 1 30"));
+    QCOMPARE(shown.header->widths(), QStringLiteral("100 30 100"));
+}
+
+void tst_HeaderTracking::press_itemsMoveInTheCall_leftKeepsItsHitAndRightTakesANewOne()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.recorder.act = [&] { shown.header->setWH(0, 180); };
+    shown.press(150);
+    shown.release(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; click 1"));
+    shown.header->setWH(0, 100);
+    shown.press(150, Qt::RightButton);
+    shown.release(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("right; rightclick 0"));
+    shown.header->setWH(0, 100);
+    shown.doubleClick(150);
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; doubleclick 1"));
+}
+
+void tst_HeaderTracking::pressAndRelease_ofAButton_repaintTheHeader()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    paintPending();
+    shown.header->painted = QRegion();
+    shown.press(50);
+    paintPending();
+    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+    shown.header->painted = QRegion();
+    shown.release(50);
+    paintPending();
+    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+}
+
+void tst_HeaderTracking::focusOut_pressAfterADrag_reportsTheWidthSavedThen()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setButtons(true);
+    shown.header->setDragWhenResized(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(100);
+    shown.move(130);
+    shown.release(130);
+    shown.press(50);
+    shown.recorder.taken();
+    shown.header->clearFocus();
+    QCOMPARE(shown.recorder.taken(), QStringLiteral("out; end 0 100"));
+}
+
+void tst_HeaderTracking::focusOut_pressedButton_isNoLongerDrawnPressed()
+{
+    ShownHeader shown;
+    shown.header->addItems({100, 100}, HeaderFormatOwnerDraw);
+    shown.header->setButtons(true);
+    QVERIFY(shown.show());
+    shown.header->setFocus();
+    shown.press(50);
+    paintPending();
+    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 1 0")));
+    shown.header->clearFocus();
+    shown.recorder.taken();
+    paintPending();
+    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 0 0")));
+}
+
 void tst_HeaderTracking::pressRight_bodyAndDivider_onlyBodyIsReported()
 {
     ShownHeader shown({100, 100});
@@ -194,91 +255,6 @@ void tst_HeaderTracking::pressMiddle_anywhere_isNotReported()
 }
 
 // --- Cursor
-
-void tst_HeaderTracking::cursor_overDivider_isResizeCursor()
-{
-    ShownHeader shown({100, 100});
-    QVERIFY(shown.show());
-    shown.move(100);
-    QVERIFY(resizeCursorShown());
-}
-
-void tst_HeaderTracking::cursor_overBodyAndLeave_isGivenBack()
-{
-    ShownHeader shown({100, 100});
-    QVERIFY(shown.show());
-    shown.move(100);
-    shown.move(50);
-    QVERIFY(!QApplication::overrideCursor());
-    shown.move(100);
-    shown.leave();
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-void tst_HeaderTracking::cursor_fixedItemsDivider_staysAsItWas()
-{
-    ShownHeader shown({100});
-    shown.header->addItems({100}, HeaderFormatFixed);
-    QVERIFY(shown.show());
-    shown.move(150);
-    shown.move(200);
-    QVERIFY(!resizeCursorShown());
-    shown.move(100);
-    QVERIFY(resizeCursorShown());
-    shown.move(200);
-    QVERIFY(resizeCursorShown());
-}
-
-void tst_HeaderTracking::cursor_stickingLastItem_isNotShown()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setStickLastToEdge(true);
-    QVERIFY(shown.show());
-    shown.move(398);
-    QVERIFY(!resizeCursorShown());
-    shown.move(100);
-    QVERIFY(resizeCursorShown());
-    shown.move(398);
-    QVERIFY(!resizeCursorShown());
-}
-
-void tst_HeaderTracking::cursor_whileTracking_staysOn()
-{
-    ShownHeader shown({100, 100});
-    QVERIFY(shown.show());
-    shown.press(100);
-    shown.move(50);
-    QVERIFY(resizeCursorShown());
-    shown.release(50);
-    QVERIFY(!resizeCursorShown());
-}
-
-void tst_HeaderTracking::cursor_changes_areNotStacked()
-{
-    ShownHeader shown({100, 100});
-    QVERIFY(shown.show());
-    shown.move(99);
-    shown.move(100);
-    shown.header->setResizeCursor(true);
-    shown.header->setResizeCursor(false);
-    QVERIFY(!QApplication::overrideCursor());
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    shown.header->setResizeCursor(false);
-    QVERIFY(QApplication::overrideCursor());
-    QApplication::restoreOverrideCursor();
-}
-
-void tst_HeaderTracking::cursor_headerDeleted_isGivenBack()
-{
-    ShownHeader shown({100, 100});
-    QVERIFY(shown.show());
-    shown.move(100);
-    QVERIFY(resizeCursorShown());
-    delete shown.header.data();
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-// --- Release, double click, focus, hot tracking
 
 void tst_HeaderTracking::release_button_keepsPressedItemForFocus()
 {
@@ -370,6 +346,20 @@ void tst_HeaderTracking::hotTrack_moves_followTheMouse()
     QVERIFY(shown.header->painted.isEmpty());
 }
 
+void tst_HeaderTracking::hotTrack_anotherItemOrADivider_repaintsTheHeader()
+{
+    ShownHeader shown({100, 100});
+    shown.header->setHotTrack(true);
+    QVERIFY(shown.show());
+    for (int const x : {50, 150, 100, 101}) {
+        paintPending();
+        shown.header->painted = QRegion();
+        shown.move(x);
+        paintPending();
+        QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
+    }
+}
+
 void tst_HeaderTracking::hotTrack_leave_clears()
 {
     ShownHeader shown({100, 100});
@@ -393,215 +383,6 @@ void tst_HeaderTracking::hotTrack_off_neverSets()
 }
 
 // --- Applications that pull the rug
-
-void tst_HeaderTracking::callOut_deletesHeader_data()
-{
-    QTest::addColumn<QString>("call");
-    for (char const * call : {"left", "right", "double", "begin", "track", "end", "click",
-                              "rightclick", "doubleclick", "divider", "out"}) {
-        QTest::newRow(call) << QString::fromLatin1(call);
-    }
-}
-
-namespace {
-
-void send(QPointer<TestHeader> const & header, QEvent::Type type, int x, Qt::MouseButton button)
-{
-    if (header) {
-        QMouseEvent event(type, QPointF(x, 10), header->mapToGlobal(QPointF(x, 10)), button, button,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(header, &event);
-    }
-}
-
-void everyGesture(QPointer<TestHeader> const & header)
-{
-    send(header, QEvent::MouseButtonPress, 50, Qt::LeftButton);
-    send(header, QEvent::MouseButtonRelease, 50, Qt::LeftButton);
-    if (header) {
-        // QWidget::clearFocus itself goes on with the widget after the event.
-        QFocusEvent event(QEvent::FocusOut);
-        QCoreApplication::sendEvent(header, &event);
-    }
-    send(header, QEvent::MouseButtonPress, 50, Qt::RightButton);
-    int const divider = header ? header->getItemRect(0).right() : 0;
-    send(header, QEvent::MouseButtonPress, divider, Qt::LeftButton);
-    send(header, QEvent::MouseMove, divider + 20, Qt::NoButton);
-    send(header, QEvent::MouseMove, divider + 30, Qt::NoButton);
-    send(header, QEvent::MouseButtonRelease, divider + 30, Qt::LeftButton);
-    send(header, QEvent::MouseButtonDblClick, 50, Qt::LeftButton);
-    send(header, QEvent::MouseButtonDblClick, header ? header->getItemRect(0).right() : 0,
-         Qt::LeftButton);
-}
-
-} // namespace
-
-void tst_HeaderTracking::callOut_deletesHeader()
-{
-    QFETCH(QString, call);
-    ShownHeader shown({100, 100});
-    shown.header->setButtons(true);
-    shown.header->setProportional(true);
-    QVERIFY(shown.show());
-    shown.header->setFocus();
-    shown.recorder.act = [&] {
-        if (shown.recorder.calls.last().section(u' ', 0, 0) == call) {
-            delete shown.header.data();
-        }
-    };
-    everyGesture(shown.header);
-    QVERIFY(!shown.header);
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-void tst_HeaderTracking::callOut_deletesItems_data()
-{
-    callOut_deletesHeader_data();
-}
-
-void tst_HeaderTracking::callOut_deletesItems()
-{
-    QFETCH(QString, call);
-    ShownHeader shown({100, 100});
-    shown.header->setButtons(true);
-    shown.header->setDragWhenResized(true);
-    QVERIFY(shown.show());
-    shown.header->setFocus();
-    shown.recorder.cancelTrack = true;
-    shown.recorder.act = [&] {
-        if (shown.recorder.calls.last().section(u' ', 0, 0) == call) {
-            shown.header->deleteAllItems();
-        }
-    };
-    everyGesture(shown.header);
-    QCOMPARE(shown.header->getItemsCount(), 0);
-    paintPending();
-}
-
-void tst_HeaderTracking::callOut_removesNotification_isSurvived()
-{
-    for (int call = 0; call < 6; ++call) {
-        ShownHeader shown({100, 100});
-        shown.header->setButtons(true);
-        QVERIFY(shown.show());
-        shown.header->setFocus();
-        auto notification = std::make_unique<Recorder>();
-        shown.header->setNotification(notification.get());
-        int left = call;
-        notification->act = [&] {
-            if (left-- == 0) {
-                shown.header->setNotification(nullptr);
-            }
-        };
-        everyGesture(shown.header);
-        QCOMPARE(shown.header->getNotification(), nullptr);
-    }
-}
-
-void tst_HeaderTracking::setCursor_deletesHeader_isSurvived()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setHotTrack(true);
-    QVERIFY(shown.show());
-    shown.header->onCursor = [&] { delete shown.header.data(); };
-    send(shown.header, QEvent::MouseMove, 50, Qt::NoButton);
-    QVERIFY(!shown.header);
-}
-
-void tst_HeaderTracking::pressLeft_dividerWithoutWidth_resizesThatItem()
-{
-    ShownHeader shown({100, 0, 100});
-    shown.header->setDragWhenResized(true);
-    QVERIFY(shown.show());
-    shown.doubleClick(103);
-    shown.press(103, Qt::RightButton);
-    shown.release(103);
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; divider 1; right"));
-    shown.press(103);
-    shown.move(133);
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; begin 1 0; track 1 30"));
-    QCOMPARE(shown.header->widths(), QStringLiteral("100 30 100"));
-}
-
-void tst_HeaderTracking::press_itemsMoveInTheCall_leftKeepsItsHitAndRightTakesANewOne()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setButtons(true);
-    QVERIFY(shown.show());
-    shown.recorder.act = [&] { shown.header->setWH(0, 180); };
-    shown.press(150);
-    shown.release(150);
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("left; click 1"));
-    shown.header->setWH(0, 100);
-    shown.press(150, Qt::RightButton);
-    shown.release(150);
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("right; rightclick 0"));
-    shown.header->setWH(0, 100);
-    shown.doubleClick(150);
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("double; doubleclick 1"));
-}
-
-void tst_HeaderTracking::pressAndRelease_ofAButton_repaintTheHeader()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setButtons(true);
-    QVERIFY(shown.show());
-    paintPending();
-    shown.header->painted = QRegion();
-    shown.press(50);
-    paintPending();
-    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
-    shown.header->painted = QRegion();
-    shown.release(50);
-    paintPending();
-    QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
-}
-
-void tst_HeaderTracking::focusOut_pressAfterADrag_reportsTheWidthSavedThen()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setButtons(true);
-    shown.header->setDragWhenResized(true);
-    QVERIFY(shown.show());
-    shown.header->setFocus();
-    shown.press(100);
-    shown.move(130);
-    shown.release(130);
-    shown.press(50);
-    shown.recorder.taken();
-    shown.header->clearFocus();
-    QCOMPARE(shown.recorder.taken(), QStringLiteral("out; end 0 100"));
-}
-
-void tst_HeaderTracking::focusOut_pressedButton_isNoLongerDrawnPressed()
-{
-    ShownHeader shown;
-    shown.header->addItems({100, 100}, HeaderFormatOwnerDraw);
-    shown.header->setButtons(true);
-    QVERIFY(shown.show());
-    shown.header->setFocus();
-    shown.press(50);
-    paintPending();
-    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 1 0")));
-    shown.header->clearFocus();
-    shown.recorder.taken();
-    paintPending();
-    QVERIFY(shown.recorder.taken().contains(QStringLiteral("draw 0 0 0")));
-}
-
-void tst_HeaderTracking::hotTrack_anotherItemOrADivider_repaintsTheHeader()
-{
-    ShownHeader shown({100, 100});
-    shown.header->setHotTrack(true);
-    QVERIFY(shown.show());
-    for (int const x : {50, 150, 100, 101}) {
-        paintPending();
-        shown.header->painted = QRegion();
-        shown.move(x);
-        paintPending();
-        QCOMPARE(shown.header->painted.boundingRect(), shown.header->rect());
-    }
-}
 
 ZENU_TEST(tst_HeaderTracking)
 #include "tst_HeaderTracking.moc"
