@@ -76,6 +76,7 @@ class tst_PaintedParts : public zenutest::Test
 private Q_SLOTS:
     void emptyGrid_isBackground_data();
     void emptyGrid_isBackground();
+    void columnHiddenByItsFlag_isBackground();
     void areaRightOfColumns_isBackground();
     void areaRightOfColumns_whenScrolled_isBackground();
     void areaBelowRows_isBackground_data();
@@ -116,6 +117,25 @@ void tst_PaintedParts::emptyGrid_isBackground()
     grid.SetBkColor(Qt::cyan);
     QVERIFY(isFilled(grid.paintAll(), grid.below(), Qt::cyan));
     QCOMPARE(grid.stalePixels(), QString());
+}
+
+// It keeps its place until the columns are laid out again, and is not drawn.
+void tst_PaintedParts::columnHiddenByItsFlag_isBackground()
+{
+    ThreeRows content;
+    PictureGrid & grid = content.grid;
+    for (tag_HROW * const row : content.rows) {
+        grid.SetItemText(row, content.first, "Text");
+    }
+    QVERIFY(grid.showSized(300, 200));
+    QRect const cells = content.cell(0, content.first) | content.cell(2, content.first);
+    QVERIFY(!isFilled(picture(grid), cells, PictureGrid::colorOf(GCC_BACKGROUND)));
+    GC_COLUMN record;
+    record.mask = GCCM_FLAGS;
+    record.flags = GCCF_HIDDEN;
+    QVERIFY(grid.SetColumn(content.first, &record));
+    settle(grid);
+    QVERIFY(isFilled(picture(grid), cells, PictureGrid::colorOf(GCC_BACKGROUND)));
 }
 
 void tst_PaintedParts::areaRightOfColumns_isBackground()

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace zenu {
 
@@ -18,6 +19,20 @@ namespace {
 
 constexpr int largestPieceCount = 16; // of an exposed region that is painted piece by piece
 constexpr int patternSize = 8;        // device pixels after which a half-tone repeats itself
+
+// A column that is hidden by its flag alone keeps its place until the columns are laid out again,
+// and no row draws it. The area is in the painter's coordinates.
+void fillHiddenColumns(KPainter * painter, QRect const & area, std::span<CGCColumn * const> columns,
+                       QColor const & color)
+{
+    for (CGCColumn const * const column : columns) {
+        if (column->IsHidden()) {
+            QRect const place(QPoint(column->left, area.top()),
+                              QPoint(cellCoordinate(column->Right()) - 1, area.bottom()));
+            painter->fillRect(place & area, color);
+        }
+    }
+}
 
 } // namespace
 
@@ -128,6 +143,8 @@ void KGridCtrl::PrivateData::paintRows(KPainter * painter, QRect const & exposed
     int const bottom = IndexAt(area.bottom() + offset);
     int const pastShown = std::min(GetLastShownIndex() + 1, GetCount());
     int const past = bottom == -1 ? pastShown : std::min(bottom + 1, pastShown);
+    fillHiddenColumns(painter, area.translated(hScrollPos, -headerHeight), painted,
+                      colors[GCC_BACKGROUND]);
     PaintPass pass(painter, context, painted);
     for (int i = first; i < past; ++i) {
         IGCRow * const row = GetRowAt(i);
