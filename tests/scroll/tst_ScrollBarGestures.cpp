@@ -27,6 +27,9 @@ private Q_SLOTS:
     void wheel_arrivesAsThumb();
     void drag_arrivesAsThumb();
     void menuAction_toMinimum_arrivesAsThumb();
+    void widgetDeletedInOnScroll_data();
+    void widgetDeletedInOnScroll();
+    void widgetDeletedInContentsHeight();
 };
 
 namespace {
@@ -268,6 +271,84 @@ void tst_ScrollBarGestures::slot_byName()
     QVERIFY(QMetaObject::invokeMethod(&widget, "onHValueChanged", Q_ARG(int, 7)));
     QVERIFY(QMetaObject::invokeMethod(&widget, "onVValueChanged", Q_ARG(int, 8)));
     QCOMPARE(widget.calls, QStringList({expected, call(true, 6, 7), call(false, 6, 8)}));
+}
+
+namespace {
+
+// Goes with the first scroll, or when it is asked how high its contents are.
+class ShortLived : public KScrolledWidget
+{
+public:
+    bool OnScroll(int, int, unsigned int, bool) override
+    {
+        delete this;
+        return true;
+    }
+    int contentsWidth() const override { return 10; }
+    int contentsHeight() const override
+    {
+        if (goesWhenAsked)
+            delete this;
+        return 10;
+    }
+
+    bool goesWhenAsked = false;
+};
+
+void wheel(QScrollBar * bar)
+{
+    QWheelEvent event(QPointF(5, 5), bar->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -1200),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(bar, &event);
+}
+
+using Gesture = void (*)(QScrollBar *);
+
+} // namespace
+
+void tst_ScrollBarGestures::widgetDeletedInOnScroll_data()
+{
+    QTest::addColumn<Gesture>("gesture");
+    auto const add = [](char const * name, Gesture gesture) { QTest::newRow(name) << gesture; };
+    add("value", [](QScrollBar * bar) { bar->setValue(70); });
+    add("line", [](QScrollBar * bar) { bar->triggerAction(QAbstractSlider::SliderSingleStepAdd); });
+    add("page", [](QScrollBar * bar) { bar->triggerAction(QAbstractSlider::SliderPageStepSub); });
+    add("to the end",
+        [](QScrollBar * bar) { bar->triggerAction(QAbstractSlider::SliderToMaximum); });
+    add("click", [](QScrollBar * bar) { ::click(bar, QStyle::SC_ScrollBarAddPage); });
+    add("key", [](QScrollBar * bar) { QTest::keyClick(bar, Qt::Key_PageDown); });
+    add("wheel", wheel);
+}
+
+// A bar goes on with itself after it has announced a step.
+void tst_ScrollBarGestures::widgetDeletedInOnScroll()
+{
+    QFETCH(Gesture, gesture);
+    QPointer<ShortLived> const widget = new ShortLived;
+    QPointer<QScrollBar> const bar = widget->getVScrollBar();
+    {
+        QSignalBlocker const quiet(bar);
+        bar->setRange(0, 100);
+        bar->setPageStep(10);
+        bar->setValue(50);
+    }
+    widget->setVScrollBarMode(KScrolledWidget::AlwaysOn);
+    widget->resize(100, 300);
+    widget->setAttribute(Qt::WA_DontShowOnScreen);
+    widget->show();
+    gesture(bar);
+    QVERIFY(widget.isNull());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(bar.isNull());
+}
+
+void tst_ScrollBarGestures::widgetDeletedInContentsHeight()
+{
+    QPointer<ShortLived> const widget = new ShortLived;
+    widget->resize(100, 100);
+    widget->goesWhenAsked = true;
+    widget->contentsSizeChanged();
+    QVERIFY(widget.isNull());
 }
 
 ZENU_TEST(tst_ScrollBarGestures)

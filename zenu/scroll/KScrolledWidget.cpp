@@ -32,6 +32,18 @@ struct ZENU_HIDDEN KScrolledWidget::PrivateData
     explicit PrivateData(KScrolledWidget * widget);
 
     QWidget * currentCorner() const;
+    // Runs `work`, which a bar has called for. The bar goes on with itself after that, so it stays
+    // for a while if the widget is deleted meanwhile.
+    template <typename Work>
+    static void serveBar(KScrolledWidget * widget, Work const & work)
+    {
+        QPointer<KScrolledWidget> const guarded(widget);
+        ++widget->d->servedBars;
+        work();
+        if (guarded)
+            --widget->d->servedBars;
+    }
+    void letBarsFinish();
     void layout();
     void placeHBar(bool show, bool besideV);
     void placeVBar(bool show, bool aboveH);
@@ -45,6 +57,7 @@ struct ZENU_HIDDEN KScrolledWidget::PrivateData
     EScrollMode vMode = AlwaysOff;
     QLabel * defaultCorner;
     QPointer<QWidget> corner;
+    int servedBars = 0; // calls of bars that are on the stack
 };
 
 KScrolledWidget::PrivateData::PrivateData(KScrolledWidget * widget)
@@ -66,12 +79,24 @@ QWidget * KScrolledWidget::PrivateData::currentCorner() const
     return corner ? corner.data() : defaultCorner;
 }
 
+void KScrolledWidget::PrivateData::letBarsFinish()
+{
+    for (QScrollBar * const bar : {hBar, vBar}) {
+        bar->setParent(nullptr);
+        bar->deleteLater();
+    }
+}
+
 void KScrolledWidget::PrivateData::layout()
 {
+    // The derived class may ask its application for the size of the contents.
+    QPointer<KScrolledWidget> const guarded(owner);
+    int const contentsWidth = owner->contentsWidth();
+    int const contentsHeight = guarded ? owner->contentsHeight() : 0;
+    if (!guarded)
+        return;
     int const width = owner->width();
     int const height = owner->height();
-    int const contentsWidth = owner->contentsWidth();
-    int const contentsHeight = owner->contentsHeight();
     int const barWidth = vBar->sizeHint().width();
     int const barHeight = hBar->sizeHint().height();
 
@@ -139,7 +164,11 @@ KScrolledWidget::KScrolledWidget(QWidget * parent, char const * name, unsigned i
     });
 }
 
-KScrolledWidget::~KScrolledWidget() = default;
+KScrolledWidget::~KScrolledWidget()
+{
+    if (d->servedBars != 0)
+        d->letBarsFinish();
+}
 
 QRect KScrolledWidget::getClientRect() const
 {
@@ -222,13 +251,15 @@ void KScrolledWidget::onAction(QScrollBar * bar, int action, Steps const & steps
         return; // the rest arrives as a change of value
     }
     QPointer<QScrollBar> const guarded(bar);
-    (this->*step)();
+    PrivateData::serveBar(this, [=, this] { (this->*step)(); });
     dropOwnStep(guarded);
 }
 
 void KScrolledWidget::onHValueChanged(int value)
 {
-    OnScroll(ScrollThumb, ScrollNothing, static_cast<unsigned int>(value), true);
+    PrivateData::serveBar(this, [=, this] {
+        OnScroll(ScrollThumb, ScrollNothing, static_cast<unsigned int>(value), true);
+    });
 }
 
 void KScrolledWidget::onHNextLine()
@@ -253,7 +284,9 @@ void KScrolledWidget::onHPrevPage()
 
 void KScrolledWidget::onVValueChanged(int value)
 {
-    OnScroll(ScrollNothing, ScrollThumb, static_cast<unsigned int>(value), true);
+    PrivateData::serveBar(this, [=, this] {
+        OnScroll(ScrollNothing, ScrollThumb, static_cast<unsigned int>(value), true);
+    });
 }
 
 void KScrolledWidget::onVNextLine()
