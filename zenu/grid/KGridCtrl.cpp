@@ -32,7 +32,12 @@ KGridCtrl::KGridCtrl(QWidget * parent, int id, char const * name, unsigned int f
     d->CreateHeader();
 }
 
-KGridCtrl::~KGridCtrl() = default;
+KGridCtrl::~KGridCtrl()
+{
+    if (d->LeaveGrid()) {
+        PrivateData::Keep(std::move(d));
+    }
+}
 
 QColor KGridCtrl::GetColor(int number) const
 {
@@ -175,9 +180,10 @@ int KGridCtrl::contentsWidth() const
 
 int KGridCtrl::contentsHeight() const
 {
-    long long const rows = d->GetTotalHeight();
-    return static_cast<int>(
-        std::min<long long>(rows + (d->HasStyle(GCS_NOHEADER) ? 0 : d->headerHeight), INT_MAX));
+    PrivateData & frame = *d;
+    long long const rows = frame.GetTotalHeight();
+    int const header = frame.HasStyle(GCS_NOHEADER) ? 0 : frame.headerHeight;
+    return static_cast<int>(std::min<long long>(rows + header, INT_MAX));
 }
 
 void KGridCtrl::paintEvent(QPaintEvent * event)
@@ -187,8 +193,9 @@ void KGridCtrl::paintEvent(QPaintEvent * event)
 
 void KGridCtrl::resizeEvent(QResizeEvent * event)
 {
+    PrivateData & frame = *d;
     KScrolledWidget::resizeEvent(event);
-    d->Resized(event);
+    frame.Resized(event);
 }
 
 void KGridCtrl::showEvent(QShowEvent * event)

@@ -78,8 +78,7 @@ bool KGridCtrl::SetColumnWidth(tag_HCOLUMN * column, int width)
 
 int KGridCtrl::BestFit(tag_HCOLUMN * column) const
 {
-    CGCColumn * const found = d->columns.find(column);
-    return found ? d->BestFit(found) : 0;
+    return d->BestFit(column);
 }
 
 void KGridCtrl::ShowColumn(tag_HCOLUMN * column, bool show)

@@ -82,24 +82,26 @@ void KGridCtrl::SetTextCBProc(GC_TEXTPROC proc, unsigned long cbParam)
 
 bool KGridCtrl::GetItemRect(tag_HROW * row, tag_HCOLUMN * column, QRect * rect) const
 {
-    IGCRow * const found = d->LocateSettled(row);
-    CGCColumn * const foundColumn = d->columns.find(column);
+    PrivateData & frame = *d;
+    IGCRow * const found = frame.LocateSettled(row);
+    CGCColumn * const foundColumn = frame.columns.find(column);
     if (!found || !foundColumn || !rect) {
         return false;
     }
-    *rect = d->ItemRect(found, foundColumn);
+    *rect = frame.ItemRect(found, foundColumn);
     return true;
 }
 
 bool KGridCtrl::GetItemEditorRect(tag_HROW * row, tag_HCOLUMN * column, QRect * rect) const
 {
-    IGCRow * const found = d->LocateSettled(row);
-    CGCColumn * const foundColumn = d->columns.find(column);
+    PrivateData & frame = *d;
+    IGCRow * const found = frame.LocateSettled(row);
+    CGCColumn * const foundColumn = frame.columns.find(column);
     if (!found || !foundColumn || !rect) {
         return false;
     }
     CElementRects rects;
-    *rect = d->ElementRects(found, foundColumn, &rects) ? rects.editorRect : QRect();
+    *rect = frame.ElementRects(found, foundColumn, &rects) ? rects.editorRect : QRect();
     return true;
 }
 
@@ -117,12 +119,13 @@ bool KGridCtrl::HitTest(QPoint const & point, tag_HROW ** row, tag_HCOLUMN ** co
 
 tag_HROW * KGridCtrl::HitTest(QPoint const & point, GC_ITEM * item) const
 {
-    PrivateData::Hit const hit = d->HitTest(point);
+    PrivateData & frame = *d;
+    PrivateData::Hit const hit = frame.HitTest(point);
     if (!hit.row) {
         return nullptr;
     }
     if (item) {
-        d->GetItem(hit.row, hit.column, item);
+        frame.GetItem(hit.row, hit.column, item);
     }
     return hit.row->Handle();
 }

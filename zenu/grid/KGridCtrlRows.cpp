@@ -325,8 +325,9 @@ void KGridCtrl::ClearSelection()
 
 void KGridCtrl::SelectAll()
 {
-    d->SelectAllVisible();
-    d->TellSelectionChanged();
+    PrivateData & frame = *d;
+    frame.SelectAllVisible();
+    frame.TellSelectionChanged();
 }
 
 void KGridCtrl::SelectRows(int count, tag_HROW ** rows)

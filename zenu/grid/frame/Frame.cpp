@@ -15,6 +15,22 @@
 
 namespace zenu {
 
+namespace {
+
+class FrameKeeper final : public QObject
+{
+public:
+    explicit FrameKeeper(std::unique_ptr<KGridCtrl::PrivateData> keptFrame)
+        : frame(std::move(keptFrame))
+    {
+    }
+
+private:
+    std::unique_ptr<KGridCtrl::PrivateData> frame;
+};
+
+} // namespace
+
 KGridCtrl::PrivateData::PrivateData(KGridCtrl * owner, int gridId)
     : SlimWrapperHolder(this)
     , CVisibleRows(&slimWrapper)
@@ -30,14 +46,41 @@ KGridCtrl::PrivateData::PrivateData(KGridCtrl * owner, int gridId)
 KGridCtrl::PrivateData::~PrivateData()
 {
     destroying = true;
-    treeLocks = 0;
     DropWalks();
     DeleteAllRows();
+}
+
+bool KGridCtrl::PrivateData::LeaveGrid()
+{
+    bool const inUse = watches || treeLocks != 0;
+    tellAllRowsDie();
     for (RowWatch * watch = watches; watch; watch = watch->outer) {
         watch->frame = nullptr;
     }
+    watches = nullptr;
+    notification = nullptr;
+    slimCallback = nullptr;
+    textProc = nullptr;
+    sortCompare = nullptr;
+    for (QBasicTimer * const timer : {&searchTimer, &hoverTimer, &editTimer}) {
+        timer->stop();
+    }
+    toolTip.reset();
+    textCache.setDevice(nullptr);
     header->setNotification(nullptr);
-    delete header;
+    if (inUse) {
+        header->setParent(nullptr);
+        header->deleteLater();
+    } else {
+        delete header;
+    }
+    grid = nullptr;
+    return inUse;
+}
+
+void KGridCtrl::PrivateData::Keep(std::unique_ptr<PrivateData> frame)
+{
+    (new FrameKeeper(std::move(frame)))->deleteLater();
 }
 
 void KGridCtrl::PrivateData::CreateHeader()
@@ -88,14 +131,14 @@ void KGridCtrl::PrivateData::SetImages(int list, QPixmap const & strip, QSize co
         return;
     }
     UpdateAutoHeight();
-    grid->update();
+    Repaint();
 }
 
 QColor KGridCtrl::PrivateData::SwapColor(int number, QColor const & color)
 {
     QColor const old = colors.set(number, color);
     if (GridColors::isNumber(number) && old != color) {
-        grid->update();
+        Repaint();
     }
     return old;
 }
@@ -134,7 +177,7 @@ bool KGridCtrl::PrivateData::Reset()
     if (!HasStyle(GCS_KEEPIMAGES)) {
         images.clearLists();
     }
-    grid->update();
+    Repaint();
     return true;
 }
 
@@ -145,9 +188,12 @@ void KGridCtrl::PrivateData::LookChanged()
     header->setFont(font, true);
     UpdateAutoHeight();
     grid->contentsSizeChanged();
+    if (!grid) {
+        return;
+    }
     FitToClient();
     LayOutBars();
-    grid->update();
+    Repaint();
 }
 
 int KGridCtrl::PrivateData::GetChildCount(ISlimGridCallbackWrapper *)
@@ -168,11 +214,13 @@ RowSpan KGridCtrl::PrivateData::GetChildren(ISlimGridCallbackWrapper *)
 // Without a sink the answer is no; nothing looks at it.
 bool KGridCtrl::PrivateData::OnTopRowChanging(IGCRow * newTop)
 {
+    RowGuard const guard(this, nullptr);
     return notification && notification->OnScrolling(newTop ? newTop->Handle() : nullptr);
 }
 
 void KGridCtrl::PrivateData::OnTopRowChanged()
 {
+    RowGuard const guard(this, nullptr);
     if (notification) {
         notification->OnScrolled();
     }
@@ -183,7 +231,7 @@ void KGridCtrl::PrivateData::OnRowsLaidOut()
     LayOutBars();
     UpdateVerticalBar();
     if (!paintsAll) {
-        grid->update();
+        Repaint();
     }
 }
 

@@ -86,7 +86,7 @@ bool KGridCtrl::PrivateData::DeleteColumn(CGCColumn * column)
     PlaceColumns();
     PlaceHeader();
     UpdateHorizontalBar();
-    grid->update();
+    Repaint();
     LayOutBars();
     return true;
 }
@@ -213,7 +213,7 @@ void KGridCtrl::PrivateData::RebuildColumns()
     }
     PlaceHeader();
     UpdateHorizontalBar();
-    grid->update();
+    Repaint();
     LayOutBars();
 }
 
@@ -240,7 +240,7 @@ void KGridCtrl::PrivateData::PlaceHeader()
     int const clientRight = ClientRect().right();
     if (clientRight > contentsWidth && hScrollPos != 0) {
         hScrollPos = 0;
-        grid->update();
+        Repaint();
     }
     int right = contentsWidth;
     if (header->isProportional()) {
@@ -258,7 +258,7 @@ void KGridCtrl::PrivateData::PlaceHeader()
     header->update(true);
     if (header->isProportional()) {
         PlaceColumns(); // a header of another size has given its items other widths
-        grid->update();
+        Repaint();
     }
 }
 
@@ -266,7 +266,7 @@ void KGridCtrl::PrivateData::PlaceHeader()
 void KGridCtrl::PrivateData::invalidateShownSections()
 {
     if (IsDirty()) {
-        grid->update(); // what is on display is not known yet
+        Repaint(); // what is on display is not known yet
         return;
     }
     CInvalidateSection sections(this);
@@ -283,7 +283,7 @@ void KGridCtrl::PrivateData::storeWidth(CGCColumn * column, int width, bool upda
     }
     QRect changed = ClientRect();
     changed.setLeft(column->left - hScrollPos);
-    grid->update(changed);
+    Repaint(changed);
     column->width = width;
     if (updateHeader) {
         header->setWH(HeaderItemOf(column), width);
@@ -356,7 +356,7 @@ bool KGridCtrl::PrivateData::SetColumn(CGCColumn * column, GC_COLUMN const * rec
     updateHeaderFormat(column, record);
     column->SetRecord(record);
     if (record->mask & (GCCM_FORMAT | GCCM_FLAGS)) {
-        grid->update();
+        Repaint();
     }
     return true;
 }
@@ -395,7 +395,7 @@ bool KGridCtrl::PrivateData::onTrack(int item, int *)
         notification->OnColumnResized(handle, record.width);
     }
     if (guard.hasGrid()) {
-        grid->update();
+        Repaint();
     }
     return false;
 }

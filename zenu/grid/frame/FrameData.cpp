@@ -91,7 +91,7 @@ bool KGridCtrl::PrivateData::SetRowRecord(IGCRow * row, GC_ROW * record, GC_SECT
         } else {
             SetRowHeight(row, record->height);
         }
-        grid->update();
+        Repaint();
     }
     bool const result = visitor.result;
     applyRequests(row, visitor);

@@ -2,7 +2,7 @@
 #include "zenu/grid/frame/RowGuard.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <unordered_map>
 
 namespace zenu {
 
@@ -18,28 +18,36 @@ bool isSameOrUnder(IGCRow const * row, IGCRow const * ancestor)
 
 // A walk over the whole tree, parents first, that loads slim rows as it comes to them, and the list
 // of the rows that were changed on the way. The application is called in between and may change
-// the tree: rows that die leave the walk and the list.
+// the tree: rows that die leave the walk and the list. A step costs the same however deep the walk
+// is: a level is looked up again, and what has died in it is asked for, when the walk comes back to
+// it.
 class LoadingWalk final : public RowWatch
 {
 public:
     explicit LoadingWalk(KGridCtrl::PrivateData * walkedFrame)
         : RowWatch(walkedFrame)
-        , version(walkedFrame->treeVersion)
     {
-        levels.push_back({nullptr, frame->GetChildren(nullptr)});
+        levels.push_back(levelOf(frame->GetChildren(nullptr)));
     }
 
     // The next row, null at the end.
     IGCRow * next()
     {
-        if (version != frame->treeVersion) {
-            lookUpLevels();
-        }
         while (!levels.empty()) {
+            if (hasLostParent()) {
+                levels.pop_back();
+                continue;
+            }
+            if (levels.back().version != frame->treeVersion) {
+                lookAgain();
+            }
+            if (levels.empty()) {
+                break; // the grid is gone
+            }
             Level & level = levels.back();
             if (level.next < level.rows.count()) {
-                level.lastRow = level.rows[level.next++];
-                currentRow = level.lastRow;
+                currentRow = level.rows[level.next++];
+                level.last = seen(currentRow);
                 return currentRow;
             }
             levels.pop_back();
@@ -54,80 +62,91 @@ public:
     void enter()
     {
         RowSpan const children = currentRow->GetChildren(frame->Wrapper());
-        if (children.count() != 0) {
-            levels.push_back({currentRow, children});
+        if (currentRow && children.count() != 0) {
+            levels.push_back(levelOf(children));
         }
     }
 
-    void noteChanged()
-    {
-        dropDead();
-        changed.push_back(currentRow);
-    }
+    void noteChanged() { changed.push_back(seen(currentRow)); }
     std::size_t changedCount() const { return changed.size(); }
     // Null for a row that has died.
     IGCRow * changedRow(std::size_t i) const
     {
-        return dead.contains(changed[i]) ? nullptr : changed[i];
+        return isDead(changed[i]) ? nullptr : changed[i].row;
     }
 
 private:
+    // A row, and when it was seen alive: a later row may stand at the address of a dead one.
+    struct Seen
+    {
+        IGCRow * row = nullptr;
+        std::size_t deathsBefore = 0;
+    };
     struct Level
     {
-        IGCRow * parent; // null: the root
         RowSpan rows;
+        unsigned version; // of the tree, when the rows were looked up
         int next = 0;
-        IGCRow * lastRow = nullptr; // the row before next, null once it is dead
+        Seen last; // the row before next, the parent of the level behind this one
     };
+
+    Level levelOf(RowSpan rows) const { return {rows, frame->treeVersion, 0, {}}; }
+    Seen seen(IGCRow * row) const { return {row, deathCount}; }
+    bool isDead(Seen const & row) const
+    {
+        if (row.deathsBefore == deathCount) {
+            return false;
+        }
+        auto const death = lastDeath.find(row.row);
+        return death != lastDeath.end() && death->second > row.deathsBefore;
+    }
+    bool hasLostParent() const
+    {
+        return levels.size() > 1 && isDead(levels[levels.size() - 2].last);
+    }
 
     void rowDies(IGCRow const * row) override
     {
-        for (std::size_t i = 0; i < levels.size(); ++i) {
-            if (levels[i].parent && levels[i].parent == row) {
-                levels.resize(i);
-                break;
-            }
-            if (levels[i].lastRow == row) {
-                levels[i].lastRow = nullptr;
-                --levels[i].next;
-            }
-        }
+        lastDeath[row] = ++deathCount;
         currentRow = currentRow == row ? nullptr : currentRow;
-        if (!changed.empty()) {
-            dead.insert(row);
-        }
     }
 
     void allRowsDie() override
     {
         levels.clear();
         changed.clear();
-        dead.clear();
         currentRow = nullptr;
     }
 
-    // Before a new row at the address of a dead one enters the list.
-    void dropDead()
+    // The rows of the innermost level have moved, or some came or went.
+    void lookAgain()
     {
-        if (!dead.empty()) {
-            std::erase_if(changed, [&](IGCRow const * row) { return dead.contains(row); });
-            dead.clear();
+        Level & level = levels.back();
+        if (level.last.row && isDead(level.last)) {
+            level.last = {};
+            --level.next;
+        }
+        IGCRow * const parent = levels.size() > 1 ? levels[levels.size() - 2].last.row : nullptr;
+        RowSpan const rows = childrenOf(parent);
+        if (levels.empty()) {
+            return;
+        }
+        level.rows = rows;
+        level.version = frame->treeVersion;
+        level.next = std::min(level.next, level.rows.count());
+        if (level.last.row) {
+            level.next = placeOf(level) + 1;
         }
     }
 
-    // Levels have moved, grown or shrunk.
-    void lookUpLevels()
+    // Under a lock, so that no row of the walk dies when the children have to be loaded.
+    RowSpan childrenOf(IGCRow * parent)
     {
-        TreeLock const lock(frame);
-        version = frame->treeVersion;
-        for (Level & level : levels) {
-            level.rows = level.parent ? level.parent->GetChildren(frame->Wrapper())
-                                      : frame->GetChildren(nullptr);
-            level.next = std::min(level.next, level.rows.count());
-            if (level.lastRow) {
-                level.next = placeOf(level) + 1;
-            }
+        if (!parent) {
+            return frame->GetChildren(nullptr);
         }
+        TreeLock const lock(frame);
+        return parent->GetChildren(frame->Wrapper());
     }
 
     // Where the level's last row stands now, sought from its old place outwards.
@@ -136,7 +155,7 @@ private:
         int const count = level.rows.count();
         for (int distance = 0; distance <= count; ++distance) {
             for (int const at : {level.next - 1 - distance, level.next - 1 + distance}) {
-                if (at >= 0 && at < count && level.rows[at] == level.lastRow) {
+                if (at >= 0 && at < count && level.rows[at] == level.last.row) {
                     return at;
                 }
             }
@@ -144,11 +163,11 @@ private:
         return level.next - 1;
     }
 
-    unsigned version;
     IGCRow * currentRow = nullptr;
     std::vector<Level> levels;
-    std::vector<IGCRow *> changed;
-    std::unordered_set<IGCRow const *> dead; // rows of the list that are gone
+    std::vector<Seen> changed;
+    std::size_t deathCount = 0;                                // since the walk began
+    std::unordered_map<IGCRow const *, std::size_t> lastDeath; // at each address, by number
 };
 
 } // namespace
@@ -235,7 +254,7 @@ void KGridCtrl::PrivateData::updateBelowRows()
     grid->contentsSizeChanged();
     if (guard.hasGrid()) {
         int const total = std::clamp(GetTotalHeight(), 0, grid->height());
-        grid->update(QRect(0, total, grid->width(), grid->height() - total));
+        Repaint(QRect(0, total, grid->width(), grid->height() - total));
     }
 }
 
@@ -294,7 +313,7 @@ void KGridCtrl::PrivateData::ExpandTree(unsigned code)
         }
     }
     childWalks.clear();
-    grid->update();
+    Repaint();
 }
 
 } // namespace zenu

@@ -5,8 +5,10 @@
 #include "zenu/grid/geometry/HitElement.h"
 #include "zenu/grid/inner/SaturatedInt.h"
 #include "zenu/grid/look/CDrawContext.h"
+#include "zenu/grid/painting/RowPath.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zenu {
 
@@ -110,13 +112,27 @@ unsigned KGridCtrl::PrivateData::HitElementAt(Hit const & hit, QPoint const & po
     return hitElement(rects, point);
 }
 
+void KGridCtrl::PrivateData::Repaint()
+{
+    if (grid) {
+        grid->update();
+    }
+}
+
+void KGridCtrl::PrivateData::Repaint(QRect const & rect)
+{
+    if (grid) {
+        grid->update(rect);
+    }
+}
+
 // A widget that drops the request, since it is hidden or takes no updates, is painted as a whole
 // anyway when that ends.
 void KGridCtrl::PrivateData::InvalidateAll()
 {
     if (!allInvalid) {
         allInvalid = true;
-        grid->update();
+        Repaint();
     }
 }
 
@@ -134,7 +150,7 @@ void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
     if (QRect rect = RowRect(row); !rect.isNull()) {
         rect.setLeft(-hScrollPos);
         rect.setRight(contentsWidth - hScrollPos);
-        grid->update(rect);
+        Repaint(rect);
     }
 }
 
@@ -148,7 +164,7 @@ void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
         return;
     }
     if (QRect const rect = ItemRect(row, column); !rect.isNull() && IsOnDisplay(column)) {
-        grid->update(rect.adjusted(0, 0, -1, 0));
+        Repaint(rect.adjusted(0, 0, -1, 0));
     }
 }
 
@@ -160,21 +176,33 @@ void KGridCtrl::PrivateData::InvalidateColumn(CGCColumn * column)
     QRect rect = ClientRect();
     rect.setLeft(column->left - hScrollPos);
     rect.setRight(ViewRightOf(column) - 1);
-    grid->update(rect);
+    Repaint(rect);
 }
 
-// Every row of the order is laid out, whether it is on display or not.
-int KGridCtrl::PrivateData::BestFit(CGCColumn * column)
+// Every row of the order is laid out, whether it is on display or not. The application is asked for
+// texts on the way and may change the grid.
+int KGridCtrl::PrivateData::BestFit(tag_HCOLUMN * handle)
 {
+    if (!Settle()) {
+        return 0;
+    }
     CDrawContext const context = DrawContext();
+    RowPath path;
+    unsigned version = treeVersion;
     int const count = GetCount();
     int widest = 0;
     for (int i = 0; i < count; ++i) {
+        CGCColumn * const column = Settle() ? columns.find(handle) : nullptr;
         IGCRow * const row = GetRowAt(i);
-        if (!row) {
-            break; // a callback of the application collapsed rows
+        if (!column || !row) {
+            break;
         }
+        if (std::exchange(version, treeVersion) != treeVersion) {
+            path = RowPath();
+        }
+        path.enter(row);
         CGetRowElementPos visitor(context, false, column, 0, ViewHeightAt(i));
+        visitor.setLevel(path.level());
         row->Accept(&visitor);
         CElementRects const & rects = visitor.result();
         int const width = rects.leadRect.width() + rects.fullTextRect.width() +

@@ -43,7 +43,7 @@ CDrawContext KGridCtrl::PrivateData::DrawContext()
     context.fullRowSelect = HasStyle(GCS_FULLROWSELECT);
     context.verticalLines = HasStyle(GCS_VERTLINES);
     context.horizontalLines = HasStyle(GCS_HORZLINES);
-    context.hasFocus = grid->hasFocus();
+    context.hasFocus = grid && grid->hasFocus();
     context.showSelectionInactive = HasStyle(GCS_SHOWSELALWAYS);
     context.flatLeadImage = HasStyle(GCS_FLATLEAD);
     context.anyFramedColumn = std::ranges::any_of(
@@ -75,7 +75,9 @@ void KGridCtrl::PrivateData::Paint(QRegion const & exposed)
         // Whatever the rebuild changes is painted now, unless only a part is.
         QScopedValueRollback<bool> const all(paintsAll, exposed.contains(grid->rect()) &&
                                                             exposed.boundingRect() == grid->rect());
-        UpdateNow();
+        if (!Settle()) {
+            return;
+        }
     }
     CDrawContext const context = DrawContext();
     KPainter painter(grid);

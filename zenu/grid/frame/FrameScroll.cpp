@@ -35,6 +35,9 @@ void setBar(QScrollBar * bar, int maximum, int pageStep, int value)
 // The bar counts pixels, though the grid scrolls by whole rows.
 void KGridCtrl::PrivateData::UpdateVerticalBar()
 {
+    if (!Settle()) {
+        return;
+    }
     QScopedValueRollback<bool> const quiet(updatingBars, true);
     QRect const client = ClientRect();
     int const page = client.bottom() - client.top();
@@ -44,6 +47,9 @@ void KGridCtrl::PrivateData::UpdateVerticalBar()
 
 void KGridCtrl::PrivateData::UpdateHorizontalBar()
 {
+    if (!grid) {
+        return;
+    }
     QScopedValueRollback<bool> const quiet(updatingBars, true);
     QRect const client = ClientRect();
     int const page = client.right() - client.left();
@@ -52,12 +58,12 @@ void KGridCtrl::PrivateData::UpdateHorizontalBar()
 
 void KGridCtrl::PrivateData::LayOutBars()
 {
-    if (grid->getVScrollBarMode() != AsNeeded && grid->getHScrollBarMode() != AsNeeded) {
+    if (!grid || (grid->getVScrollBarMode() != AsNeeded && grid->getHScrollBarMode() != AsNeeded)) {
         return;
     }
     QRect const before = ClientRect();
     grid->contentsSizeChanged();
-    if (ClientRect() != before) {
+    if (grid && ClientRect() != before) {
         FitToClient();
     }
 }
@@ -66,7 +72,7 @@ void KGridCtrl::PrivateData::FitToClient()
 {
     if (contentsWidth - hScrollPos < ClientRect().right()) {
         hScrollPos = std::max(contentsWidth - ClientRect().right(), 0);
-        grid->update();
+        Repaint();
     }
     PlaceHeader();
     UpdateHorizontalBar();
@@ -154,6 +160,9 @@ bool KGridCtrl::PrivateData::wouldScroll(int hCode, int vCode, int newLeft, int 
 
 bool KGridCtrl::PrivateData::Scroll(int hCode, int vCode, unsigned pos, bool doScroll)
 {
+    if (!Settle()) {
+        return false;
+    }
     int const top = GetTopIndex();
     int newLeft = targetLeft(hCode, pos);
     int newTop = IsEmpty() ? top : targetTop(vCode, pos, top);
@@ -200,16 +209,16 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     QRect const area(0, headerHeight, client.width(), client.bottom() + 1 - headerHeight);
     long long const dy = oldY - TopPosition();
     if (dy == 0 || inPaint) {
-        grid->update(area); // a callback of the paint that runs: there is no picture to move yet
+        Repaint(area); // a callback of the paint that runs: there is no picture to move yet
     } else if (std::llabs(dy) < area.height()) {
         grid->scroll(0, static_cast<int>(dy), area);
         int const common = std::min(oldLast, GetLastShownIndex());
         int const below = ViewTopOf(common) + ViewHeightAt(common);
         if (below <= client.bottom()) {
-            grid->update(QRect(QPoint(0, std::max(below, headerHeight)), client.bottomRight()));
+            Repaint(QRect(QPoint(0, std::max(below, headerHeight)), client.bottomRight()));
         }
     } else {
-        grid->update(area);
+        Repaint(area);
     }
     UpdateVerticalBar();
 }
@@ -223,7 +232,7 @@ void KGridCtrl::PrivateData::scrollColumns(int newLeft)
     if (std::llabs(dx) < area.width() && !inPaint) {
         grid->scroll(static_cast<int>(dx), 0, area);
     } else {
-        grid->update(area);
+        Repaint(area);
     }
     PlaceHeader();
     UpdateHorizontalBar();
@@ -233,11 +242,12 @@ void KGridCtrl::PrivateData::scrollColumns(int newLeft)
 bool KGridCtrl::PrivateData::ScrollTo(int newLeft, int newTop)
 {
     RowGuard const guard(this, nullptr);
-    if (notification) {
-        IGCRow const * const row = GetRowAt(newTop);
-        if (!notification->OnScrolling(row ? row->Handle() : nullptr) || !guard.hasGrid()) {
-            return false;
-        }
+    IGCRow const * const row = GetRowAt(newTop);
+    if (notification && !notification->OnScrolling(row ? row->Handle() : nullptr)) {
+        return false;
+    }
+    if (!Settle()) {
+        return false;
     }
     if (!IsEmpty() && newTop != GetTopIndex()) {
         scrollRows(std::max(newTop, 0));
@@ -253,7 +263,9 @@ bool KGridCtrl::PrivateData::ScrollTo(int newLeft, int newTop)
 
 void KGridCtrl::PrivateData::EnsureRowVisible(IGCRow * row)
 {
-    int const index = IndexOf(row);
+    RowGuard const guard(this, row);
+    UpdateNow();
+    int const index = guard.hasRow() ? IndexOf(row) : -1;
     if (index == -1) {
         return;
     }
@@ -271,25 +283,30 @@ void KGridCtrl::PrivateData::EnsureColumnVisible(CGCColumn * column)
     }
     QRect const view = ClientRect().translated(hScrollPos, 0);
     int const width = view.right() - view.left();
+    int const left = column->left;
     if (column->Right() > view.right() && column->width < width) {
-        ScrollTo(column->Right() - width, GetTopIndex());
-    } else if (column->left < view.left()) {
-        ScrollTo(column->left, GetTopIndex());
+        int const newLeft = column->Right() - width;
+        ScrollTo(newLeft, GetTopIndex());
+    } else if (left < view.left()) {
+        ScrollTo(left, GetTopIndex());
     }
 }
 
 void KGridCtrl::PrivateData::Resized(QResizeEvent * event)
 {
+    if (!Settle()) {
+        return;
+    }
     int const width = event->size().width();
     int const height = event->size().height();
     if (width >= contentsWidth) {
         if (hScrollPos > 0) {
             hScrollPos = 0;
-            grid->update();
+            Repaint();
         }
     } else if (contentsWidth - hScrollPos < width) {
         hScrollPos = contentsWidth - width;
-        grid->update();
+        Repaint();
     }
     PlaceHeader();
     UpdateHorizontalBar();
@@ -299,14 +316,14 @@ void KGridCtrl::PrivateData::Resized(QResizeEvent * event)
         bool const atEnd = GetLastShownIndex() >= GetCount() - 1 && count >= GetShownCount();
         if (top != 0 && (atEnd || VisibleCountFrom(0) > count)) {
             SetTop(FirstIndexForBottom(GetCount() - 1));
-            grid->update();
+            Repaint();
         } else {
             int const common = std::min(GetLastShownIndex(), top + count - 1);
             if (common >= 0 && common < GetCount()) {
                 int const below = ViewTopOf(common) + ViewHeightAt(common);
-                grid->update(QRect(0, below, width + 1, height + 1));
+                Repaint(QRect(0, below, width + 1, height + 1));
             } else {
-                grid->update();
+                Repaint();
             }
             SetShownCount(count);
         }

@@ -20,7 +20,7 @@ void KGridCtrl::PrivateData::AddToSelection(std::span<IGCRow * const> rows)
         }
     }
     if (changed && !few) {
-        grid->update();
+        Repaint();
     }
 }
 
@@ -46,7 +46,7 @@ void KGridCtrl::PrivateData::ClearSelectedRows()
 void KGridCtrl::PrivateData::repaintSelectedRows()
 {
     if (IsDirty()) {
-        grid->update(); // what is on display is not known yet
+        Repaint(); // what is on display is not known yet
         return;
     }
     int const past = std::min(GetTopIndex() + GetShownCount(), GetCount());
@@ -63,7 +63,7 @@ void KGridCtrl::PrivateData::SelectAllVisible()
     RowSpan const rows = GetRows(0, GetCount(), scratch);
     selection.insertAll(rows);
     if (rows.count() != 0) {
-        grid->update();
+        Repaint();
     }
 }
 

@@ -85,6 +85,7 @@ char const * KSlimGridCallbackWrapper::GetItemText(IGCRow * row, CGCColumn * col
 void KSlimGridCallbackWrapper::SetItemText(IGCRow * row, CGCColumn * column, char const * text)
 {
     if (ISlimGridCallback * const callback = frame->slimCallback) {
+        RowGuard const guard(frame, nullptr);
         callback->SetItemText(row->Handle(), static_cast<long>(row->param), column->Handle(), text);
     }
 }
@@ -92,6 +93,7 @@ void KSlimGridCallbackWrapper::SetItemText(IGCRow * row, CGCColumn * column, cha
 void KSlimGridCallbackWrapper::SetItemCheck(IGCRow * row, CGCColumn * column, bool checked)
 {
     if (ISlimGridCallback * const callback = frame->slimCallback) {
+        RowGuard const guard(frame, nullptr);
         callback->SetItemCheck(row->Handle(), static_cast<long>(row->param), column->Handle(),
                                checked);
     }
@@ -165,6 +167,7 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
             setSubRowHeights(block->GetRows(), records);
         }
         if (slimCallback) {
+            RowGuard const guard(this, nullptr);
             slimCallback->OnSubRowsCreated(row->Handle(), static_cast<long>(row->param), count,
                                            records.data());
         }
@@ -324,6 +327,7 @@ void KGridCtrl::PrivateData::resetSubRows(CGCSlimRow * top)
                 tellRowDies(child);
             }
             ForgetCells(child);
+            DropChildWalk(child);
             Forget(child);
             DropAllRowsWalk();
             locator->RemoveRow(child);

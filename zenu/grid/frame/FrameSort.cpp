@@ -153,7 +153,7 @@ void KGridCtrl::PrivateData::Sort(GC_SORT const * sort)
         sortCompare = nullptr;
     }
     Invalidate();
-    grid->update();
+    Repaint();
 }
 
 // Each text is fetched once, not twice a comparison.
@@ -194,12 +194,13 @@ void KGridCtrl::PrivateData::SortRows(std::vector<IGCRow *> & rows)
             sortByText(rows, column);
         }
     } else if (sortCompare) {
-        // Copies: the comparison may set another one.
+        // Copies: the comparison may set another one. Once it has deleted the grid it is not called
+        // again.
         GC_COMPAREPROC const compare = sortCompare;
         auto const compareParam = static_cast<unsigned long>(sortParam);
-        stableSort(rows.data(), rows.size(), [=](IGCRow const * a, IGCRow const * b) {
-            return compare(compareParam, a->Handle(), static_cast<long>(a->param), b->Handle(),
-                           static_cast<long>(b->param)) < 0;
+        stableSort(rows.data(), rows.size(), [=, this](IGCRow const * a, IGCRow const * b) {
+            return grid && compare(compareParam, a->Handle(), static_cast<long>(a->param),
+                                   b->Handle(), static_cast<long>(b->param)) < 0;
         });
     }
 }

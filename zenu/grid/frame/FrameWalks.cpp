@@ -110,6 +110,10 @@ tag_HROW * KGridCtrl::PrivateData::relative(unsigned flags, IGCRow * row)
     case GCN_PARENT:
         return row->parent ? row->parent->Handle() : GC_ROOT;
     case GCN_VISIBLE_PARENT: {
+        // A row at the top level has no need of the order.
+        if (row->parent && !LocateSettled(row->Handle())) {
+            return nullptr;
+        }
         IGCRow const * ancestor = row->parent;
         while (ancestor && IndexOf(ancestor) == -1) {
             ancestor = ancestor->parent;
@@ -117,7 +121,7 @@ tag_HROW * KGridCtrl::PrivateData::relative(unsigned flags, IGCRow * row)
         return ancestor ? ancestor->Handle() : GC_ROOT;
     }
     case GCN_VISIBLE_PREV: {
-        int const index = IndexOf(row);
+        int const index = LocateSettled(row->Handle()) ? IndexOf(row) : -1;
         return index > 0 ? handleOf(GetRowAt(index - 1)) : nullptr;
     }
     default:

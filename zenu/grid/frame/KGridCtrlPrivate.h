@@ -106,6 +106,20 @@ public:
     PrivateData(PrivateData const &) = delete;
     PrivateData & operator=(PrivateData const &) = delete;
 
+    // The grid's end. In the middle of a call to the application the frame outlives it, rows and
+    // all, since those who made the call go on with them: they find the grid null, and nobody to
+    // call. True then; the frame goes to Keep.
+    bool LeaveGrid();
+    // Deletes the frame when control is back at the event loop.
+    static void Keep(std::unique_ptr<PrivateData> frame);
+    // Brings the visible order up to date. False when the grid is gone: the application may be
+    // called.
+    bool Settle()
+    {
+        UpdateNow();
+        return grid != nullptr;
+    }
+
     // Construction and look: Frame.cpp
     void CreateHeader();
     void ComputeAutoHeight();
@@ -136,7 +150,8 @@ public:
     void RebuildColumns();
     void PlaceColumns();
     void PlaceHeader();
-    int BestFit(CGCColumn * column);
+    // 0 for a bad handle.
+    int BestFit(tag_HCOLUMN * handle);
 
     // Sorting: FrameSort.cpp
     void Sort(GC_SORT const * sort);
@@ -257,7 +272,10 @@ public:
     void Wheel(int delta);
 
     // Geometry: FrameGeometry.cpp
-    QRect ClientRect() const { return grid->getClientRect(); }
+    QRect ClientRect() const { return grid ? grid->getClientRect() : QRect(); }
+    void Repaint();
+    // In widget coordinates.
+    void Repaint(QRect const & rect);
     // In widget coordinates, of a row by its visible index.
     int ViewTopOf(int index);
     int ViewHeightAt(int index);
@@ -315,8 +333,8 @@ public:
     bool onTrack(int item, int * wh) override;
     bool onEndTrack(int item, int * wh) override;
 
-    KGridCtrl * grid;
-    KHeader * header = nullptr; // owned
+    KGridCtrl * grid;           // null once it is gone
+    KHeader * header = nullptr; // owned, until the grid is gone
     int id;                     // never read again
     IGridNotification * notification;
     unsigned style = 0;       // GCS_

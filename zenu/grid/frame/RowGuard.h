@@ -7,15 +7,17 @@
 namespace zenu {
 
 // Hears of each row that dies and of the grid's own end. It stands on the stack over a call to the
-// application; while none does, a row's death costs one test.
+// application; while none does, a row's death costs one test. Each such call is made under a watch
+// or a TreeLock, unless it is the last thing that an operation does: they tell the frame that it is
+// in use.
 class RowWatch
 {
 public:
     explicit RowWatch(KGridCtrl::PrivateData * watchedFrame)
-        : frame(watchedFrame)
+        : frame(watchedFrame->grid ? watchedFrame : nullptr)
         , outer(watchedFrame->watches)
     {
-        frame->watches = this;
+        watchedFrame->watches = frame ? this : outer;
     }
     RowWatch(RowWatch const &) = delete;
     RowWatch & operator=(RowWatch const &) = delete;
@@ -41,14 +43,14 @@ private:
     RowWatch * outer;
 };
 
-// Tells after a call to the application whether the row, and the grid with its frame, are still
-// there. Works by the row, not by its handle: a grid may trust its handles.
+// Tells after a call to the application whether the row, and the grid, are still there. Works by
+// the row, not by its handle: a grid may trust its handles.
 class RowGuard final : public RowWatch
 {
 public:
     RowGuard(KGridCtrl::PrivateData * heldFrame, IGCRow const * heldRow)
         : RowWatch(heldFrame)
-        , row(heldRow)
+        , row(frame ? heldRow : nullptr)
     {
     }
     bool hasRow() const { return row != nullptr; }
@@ -66,7 +68,7 @@ class CellGuard final : public RowWatch
 public:
     CellGuard(KGridCtrl::PrivateData * heldFrame, IGCRow * row, CGCColumn const * column)
         : RowWatch(heldFrame)
-        , heldRow(row)
+        , heldRow(frame ? row : nullptr)
         , handle(column ? column->Handle() : GC_NOCOLUMN)
     {
     }
@@ -89,8 +91,10 @@ class RowListGuard final : public RowWatch
 public:
     RowListGuard(KGridCtrl::PrivateData * heldFrame, std::span<IGCRow * const> rows)
         : RowWatch(heldFrame)
-        , held(rows.begin(), rows.end())
     {
+        if (frame) {
+            held.assign(rows.begin(), rows.end());
+        }
     }
     // Those that live, in their order.
     std::vector<IGCRow *> const & rows()

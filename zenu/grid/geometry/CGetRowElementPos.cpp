@@ -23,9 +23,12 @@ constexpr int alignLeft = 1;
 
 } // namespace
 
-int cellLevel(IGCRow const & row, CGCColumn const & column)
+int cellLevel(IGCRow const & row, CGCColumn const & column, int known)
 {
-    return isIndented(column) ? row.GetLevel() : 0;
+    if (!isIndented(column)) {
+        return 0;
+    }
+    return known == -1 ? row.GetLevel() : known;
 }
 
 void layoutSection(CellInputs const & cellInputs, CElementRects * rects)
@@ -97,7 +100,7 @@ void CGetRowElementPos::layoutCell(IGCRow * row, QFont const * font, char const 
     inputs.texts = context.texts;
     inputs.font = font != nullptr ? font : context.font;
     inputs.text = text;
-    inputs.level = cellLevel(*row, *column);
+    inputs.level = cellLevel(*row, *column, level);
     inputs.indent = context.indent;
     inputs.width = column->width;
     inputs.height = height;

@@ -23,6 +23,8 @@ public:
     CGetRowElementPos(CDrawContext const & drawContext, bool hoverRow, CGCColumn * cellColumn,
                       int rowY, int rowHeight);
 
+    // The number of the row's ancestors, for a caller who knows it; else they are counted.
+    void setLevel(int known) { level = known; }
     CElementRects const & result() const { return rects; }
 
     void VisitOrdinary(CGCOrdinaryRow * row) override;
@@ -39,6 +41,7 @@ private:
     CGCColumn * column;
     int y;
     int height;
+    int level = -1; // not known
     CElementRects rects;
 };
 
@@ -46,7 +49,8 @@ private:
 ZENU_TEST_EXPORT void layoutSection(CellInputs const & inputs, CElementRects * rects);
 
 // The level that a cell of this row and column is indented by: 0 where the column does not indent,
-// without a walk up the tree.
-ZENU_TEST_EXPORT int cellLevel(IGCRow const & row, CGCColumn const & column);
+// without a walk up the tree. `known` is the number of the row's ancestors, -1 to have them
+// counted.
+ZENU_TEST_EXPORT int cellLevel(IGCRow const & row, CGCColumn const & column, int known = -1);
 
 } // namespace zenu
