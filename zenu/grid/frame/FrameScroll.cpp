@@ -200,7 +200,6 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     if (newTop == GetTopIndex()) {
         return;
     }
-    LeaveHover();
     freeTextsLeaving(newTop);
     int const oldLast = GetLastShownIndex();
     long long const oldY = TopPosition();
@@ -249,6 +248,7 @@ bool KGridCtrl::PrivateData::ScrollTo(int newLeft, int newTop)
     if (!Settle()) {
         return false;
     }
+    LeaveHover(); // while it stands where the mouse found it
     if (!IsEmpty() && newTop != GetTopIndex()) {
         scrollRows(std::max(newTop, 0));
     }
