@@ -228,13 +228,11 @@ private:
     tag_HROW * sibling(ReferenceRow & row, int direction);
     tag_HROW * nextSelected(tag_HROW * given);
     ReferenceItem const * itemOf(ReferenceRow const & row, ReferenceColumn const & column) const;
-    void setChildWalkDropped(ReferenceRow const * parent) { childWalks.erase(parent); }
 
     std::optional<CachedWalk> allWalk;
     std::optional<CachedWalk> shownWalk;
     std::optional<CachedWalk> visibleWalk;
-    std::optional<tag_HROW *> selectionWalk;        // the row given last
-    std::map<ReferenceRow const *, int> childWalks; // children at the start, null for the root
+    std::optional<tag_HROW *> selectionWalk; // the row given last
 };
 
 inline void ReferenceGrid::tell(Event::Type type, tag_HROW * row)

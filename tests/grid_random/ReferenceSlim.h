@@ -84,7 +84,6 @@ inline bool ReferenceGrid::resetSlimRow(tag_HROW * handle)
 
 inline void ReferenceGrid::resetRow(ReferenceRow & row)
 {
-    setChildWalkDropped(&row);
     childCount(row);
     Event deleted{Event::Deleted, row.handle, static_cast<long>(row.param)};
     for (auto const & child : row.children) {

@@ -43,7 +43,6 @@ inline void ReferenceGrid::leave(ReferenceRow & row)
     allWalk.reset();
     live.erase(row.handle);
     heights.erase(&row);
-    childWalks.erase(&row);
     if (selection.erase(row.handle) != 0) {
         selectionWalk.reset();
     }
@@ -77,7 +76,6 @@ inline bool ReferenceGrid::insertUnder(ReferenceRow * parent,
         owner.children.insert(owner.children.begin() + static_cast<std::ptrdiff_t>(at++),
                               std::move(row));
     }
-    setChildWalkDropped(parent);
     return true;
 }
 
@@ -97,6 +95,7 @@ inline bool ReferenceGrid::insertRow(GC_ROW & record, tag_HROW * after, tag_HROW
     invalidate();
     if (record.mask > 1) {
         applyRow(row, record, nullptr);
+        invalidate();
     }
     return true;
 }
@@ -181,7 +180,6 @@ inline bool ReferenceGrid::deleteRow(tag_HROW * handle)
     forEachRow(*row, [&](ReferenceRow & each) { leave(each); });
     leave(*row);
     ReferenceRow & owner = row->parent ? *row->parent : root;
-    setChildWalkDropped(row->parent);
     owner.children.erase(owner.children.begin() + owner.placeOf(row));
     if (owner.children.empty()) {
         owner.expanded = false;
@@ -257,7 +255,6 @@ inline void ReferenceGrid::expandOne(ReferenceRow & row, unsigned code)
     if (row.isExpanded() && focusRow && focusColumn != -1 && focusRow->isSameOrUnder(&row)) {
         moveFocus(indexOf(&row), focusColumn);
     }
-    setChildWalkDropped(&row);
     bool const reveal = (code & zenu::GCE_NOSCROLL) == 0;
     unsigned const low = code & ~static_cast<unsigned>(zenu::GCE_NOSCROLL);
     bool const was = row.isExpanded();
@@ -317,13 +314,6 @@ inline void ReferenceGrid::expandTree(unsigned code)
         invalidate();
         for (ReferenceRow const * row : changed) {
             tell(Event::Expanded, row->handle);
-        }
-        auto const rootWalk = childWalks.find(nullptr);
-        std::optional<int> const kept =
-            rootWalk == childWalks.end() ? std::nullopt : std::optional<int>(rootWalk->second);
-        childWalks.clear();
-        if (kept) {
-            childWalks[nullptr] = *kept;
         }
     }
 }

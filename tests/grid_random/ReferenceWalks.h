@@ -10,7 +10,6 @@ inline void ReferenceGrid::dropWalks()
     shownWalk.reset();
     visibleWalk.reset();
     selectionWalk.reset();
-    childWalks.clear();
 }
 
 // By address, or, where handles are trusted, parents before children.
@@ -47,15 +46,11 @@ inline tag_HROW * ReferenceGrid::nextSelected(tag_HROW * given)
     return *selectionWalk;
 }
 
-// A cached walk over the siblings goes no further than there were children at its start.
+// The walks over children that a grid keeps are hints, which change no answer.
 inline tag_HROW * ReferenceGrid::sibling(ReferenceRow & row, int direction)
 {
     ReferenceRow & owner = row.parent ? *row.parent : root;
-    int count = row.parent ? childCount(owner) : static_cast<int>(root.children.size());
-    auto const walk = childWalks.find(row.parent);
-    if (walk != childWalks.end()) {
-        count = std::min(count, walk->second);
-    }
+    int const count = row.parent ? childCount(owner) : static_cast<int>(root.children.size());
     int const wanted = owner.placeOf(&row) + direction;
     return wanted >= 0 && wanted < count ? owner.children[static_cast<std::size_t>(wanted)]->handle
                                          : nullptr;
@@ -86,7 +81,6 @@ inline tag_HROW * ReferenceGrid::nextRow(unsigned flags, tag_HROW * handle)
         }
         ReferenceRow & owner = row ? *row : root;
         int const count = row ? childCount(owner) : static_cast<int>(root.children.size());
-        childWalks[row] = count;
         return count ? owner.children.front()->handle : nullptr;
     }
     case zenu::GCN_CHILD_NEXT:

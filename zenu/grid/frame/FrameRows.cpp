@@ -90,13 +90,16 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
     }
     IGCRow * const inserted = row.release();
     tag_HROW * const handle = enterRow(inserted);
-    Invalidate();
+    Invalidate(); // a record that gives the focus finds the row in the order
     if (record->mask > GCRM_PARENT) {
         RowGuard const guard(this, inserted);
         SetRowRecord(inserted, record, nullptr);
         if (!guard.hasRow()) {
             return nullptr;
         }
+        // Once more: what was read on the way was sorted before the caller could give the row its
+        // texts.
+        Invalidate();
     }
     return handle;
 }
@@ -170,7 +173,7 @@ bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)
     }
     for (IGCRow * const each : dying) {
         if (IsFocused(each)) {
-            ClearFocus();
+            DropFocus();
         }
         if (selection.erase(each)) {
             selectionWalk.reset();

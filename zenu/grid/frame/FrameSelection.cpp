@@ -100,8 +100,15 @@ void KGridCtrl::PrivateData::MoveFocus(int rowIndex, int columnIndex)
 void KGridCtrl::PrivateData::ClearFocus()
 {
     if (IGCRow * const row = FocusedRow()) {
-        row->SetFocusCell(false, -1);
         InvalidateRow(row);
+    }
+    DropFocus();
+}
+
+void KGridCtrl::PrivateData::DropFocus()
+{
+    if (IGCRow * const row = FocusedRow()) {
+        row->SetFocusCell(false, -1);
     }
     focusColumn = -1;
     SetFocusedIndex(-1);

@@ -214,7 +214,9 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
     std::span<GC_SLIMROWDATA> const records(record->rows, static_cast<std::size_t>(record->count));
     std::vector<IGCRow *> rows;
     rows.reserve(records.size());
-    DropAllRowsWalk();
+    if (!records.empty()) {
+        DropAllRowsWalk();
+    }
     for (GC_SLIMROWDATA & data : records) {
         IGCRow * row = nullptr;
         if (data.hasChildren) {
@@ -252,9 +254,15 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
     }
     Invalidate();
     if (slimCallback) {
+        RowGuard const guard(this, nullptr);
         slimCallback->OnSubRowsCreated(parent ? parent->Handle() : GC_ROOT,
                                        parent ? static_cast<long>(parent->param) : 0, record->count,
                                        record->rows);
+        // Once more: what was read meanwhile was sorted before the application had taken note of
+        // the rows.
+        if (guard.hasGrid()) {
+            Invalidate();
+        }
     }
     return true;
 }

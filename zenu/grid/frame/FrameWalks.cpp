@@ -77,8 +77,16 @@ IGCRow * KGridCtrl::PrivateData::firstChild(tag_HROW * handle)
     if (!row) {
         return nullptr;
     }
-    auto const walk = childWalks.insert_or_assign(row, ChildWalk(row, Wrapper())).first;
-    return walk->second.First();
+    // It enters the map afterwards: what it loads may drop walks. Whoever visits a million rows
+    // asks each for its children, and most have none.
+    ChildWalk walk(row, Wrapper());
+    IGCRow * const first = walk.First();
+    if (first) {
+        childWalks.insert_or_assign(row, walk);
+    } else {
+        DropChildWalk(row);
+    }
+    return first;
 }
 
 // The next or previous sibling. A walk over the parent's children is a hint that makes the step

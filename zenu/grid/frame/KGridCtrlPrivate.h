@@ -209,6 +209,8 @@ public:
     void SelectAllVisible();
     void MoveFocus(int rowIndex, int columnIndex);
     void ClearFocus();
+    // The same, and paints nothing.
+    void DropFocus();
     void TellSelectionChanged();
     // What a person does asks OnSelectionChanging first. Rows that die meanwhile stay out.
     void SelectOnly(std::span<IGCRow * const> rows);

@@ -1,7 +1,5 @@
 #include "zenu/grid/handles/ChildWalk.h"
 
-#include <algorithm>
-
 namespace zenu {
 
 namespace {
@@ -59,15 +57,12 @@ IGCRow * sibling(IGCRowParent * parent, ISlimGridCallbackWrapper * wrapper, IGCR
 ChildWalk::ChildWalk(IGCRowParent * walkedParent, ISlimGridCallbackWrapper * callback)
     : parent(walkedParent)
     , wrapper(callback)
-    , childCount(walkedParent->GetChildren(callback).count())
 {
 }
 
 IGCRow * ChildWalk::First()
 {
-    RowSpan const children = parent->GetChildren(wrapper);
-    childCount = children.count();
-    return take(children, 0);
+    return take(parent->GetChildren(wrapper), 0);
 }
 
 IGCRow * ChildWalk::step(IGCRow const * row, int direction)
@@ -87,8 +82,7 @@ IGCRow * ChildWalk::step(IGCRow const * row, int direction)
 IGCRow * ChildWalk::take(RowSpan children, int index)
 {
     cursor = index;
-    bool const isChild = index >= 0 && index < std::min(childCount, children.count());
-    currentRow = isChild ? children[index] : nullptr;
+    currentRow = index >= 0 && index < children.count() ? children[index] : nullptr;
     return currentRow;
 }
 

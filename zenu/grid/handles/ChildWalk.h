@@ -33,7 +33,6 @@ private:
     ISlimGridCallbackWrapper * wrapper;
     int cursor = 0;
     IGCRow * currentRow = nullptr;
-    int childCount; // when the walk began
 };
 
 } // namespace zenu
