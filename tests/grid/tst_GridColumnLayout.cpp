@@ -5,49 +5,12 @@
 
 using namespace zenu;
 using zenutest::checkGrid;
+using zenutest::columnIdOf;
+using zenutest::columnRecord;
+using zenutest::headerItems;
 using zenutest::Notes;
+using zenutest::shownColumns;
 using zenutest::TestGrid;
-
-namespace {
-
-tag_HCOLUMN * handle(int id)
-{
-    return reinterpret_cast<tag_HCOLUMN *>(static_cast<qintptr>(id));
-}
-
-int idOf(tag_HCOLUMN * column)
-{
-    return static_cast<int>(reinterpret_cast<qintptr>(column));
-}
-
-// "id:width@left" of the header's items and the shown columns, which go together.
-QString shown(TestGrid const & grid)
-{
-    QStringList list;
-    for (CGCColumn const * const column : grid.GetPriv().shownColumns) {
-        list << QStringLiteral("%1:%2@%3").arg(column->id).arg(column->width).arg(column->left);
-    }
-    return list.join(u' ');
-}
-
-QString header(TestGrid const & grid)
-{
-    QStringList list;
-    for (int i = 0; i < grid.getHeader()->getItemsCount(); ++i) {
-        KHeaderItem const * const item = grid.getHeader()->getItem(i);
-        list << QStringLiteral("%1:%2").arg(item->getLParam()).arg(item->getWH());
-    }
-    return list.join(u' ');
-}
-
-GC_COLUMN columnOf(TestGrid const & grid, int id)
-{
-    GC_COLUMN record;
-    grid.GetColumn(handle(id), &record);
-    return record;
-}
-
-} // namespace
 
 // Header, offset and bars when the set of shown columns or a width changes.
 class tst_GridColumnLayout : public zenutest::Test
@@ -85,12 +48,12 @@ void tst_GridColumnLayout::insert_atMinusOne_isLast()
     GC_COLUMN record;
     record.mask = GCCM_WIDTH;
     record.width = 30;
-    QCOMPARE(idOf(grid.InsertColumn(-1, &record)), 2);
-    QCOMPARE(columnOf(grid, 2).order, 2);
-    QCOMPARE(shown(grid), QStringLiteral("0:10@0 1:20@10 2:30@30"));
+    QCOMPARE(columnIdOf(grid.InsertColumn(-1, &record)), 2);
+    QCOMPARE(columnRecord(grid, 2).order, 2);
+    QCOMPARE(shownColumns(grid), QStringLiteral("0:10@0 1:20@10 2:30@30"));
     TestGrid empty;
     empty.InsertColumn(-1, &record);
-    QCOMPARE(columnOf(empty, 0).order, 0);
+    QCOMPARE(columnRecord(empty, 0).order, 0);
 }
 
 // Bars that show when needed ask for the rows' height, which rebuilds the order and tells the
@@ -106,9 +69,9 @@ void tst_GridColumnLayout::insert_itemsAreThereWhenTheLayoutAsks()
     bool asked = false;
     notes.act = [&](char const *, tag_HROW *) {
         asked = true;
-        QVERIFY(grid.SetItemText(row, handle(1), "from the call"));
+        QVERIFY(grid.SetItemText(row, columnHandle(1), "from the call"));
         tag_HROW * const other = grid.InsertRow(GC_ROOT, GCI_LAST);
-        QVERIFY(grid.SetItemText(other, handle(1), "other"));
+        QVERIFY(grid.SetItemText(other, columnHandle(1), "other"));
         notes.act = nullptr;
     };
     tag_HCOLUMN * const column = grid.AddColumn("new", 0, 20);
@@ -132,7 +95,7 @@ void tst_GridColumnLayout::rebuild_headerOrdersAreThoseOfDisplay()
     grid.InsertColumn(0, "front", 0, 5);
     QCOMPARE(orders(), QStringLiteral("0 1 2 3"));
     grid.getHeader()->setOrder(0, 3); // the header's own matter, until the next rebuild
-    std::vector<tag_HCOLUMN *> ids{columns[2], columns[1], columns[0], handle(3)};
+    std::vector<tag_HCOLUMN *> ids{columns[2], columns[1], columns[0], columnHandle(3)};
     QVERIFY(grid.SetColumnOrderArray(ids.data(), 4));
     QCOMPARE(orders(), QStringLiteral("0 1 2 3"));
     grid.ShowColumn(columns[1], false);
@@ -286,14 +249,14 @@ void tst_GridColumnLayout::setColumn_ofAHiddenColumn_leavesTheHeader()
     record.format = 2;
     record.flags = GCCF_HIDDEN | GCCF_FIXEDWIDTH;
     QVERIFY(grid.SetColumn(columns[1], &record));
-    QCOMPARE(header(grid), QStringLiteral("0:10 2:30"));
+    QCOMPARE(headerItems(grid), QStringLiteral("0:10 2:30"));
     for (int i = 0; i < 2; ++i) {
         KHeaderItem const * const item = grid.getHeader()->getItem(i);
         QCOMPARE(item->getFmt(), 0x4000);
         QVERIFY(item->getText() != "hidden");
     }
     grid.ShowColumn(columns[1], true);
-    QCOMPARE(header(grid), QStringLiteral("0:10 1:77 2:30"));
+    QCOMPARE(headerItems(grid), QStringLiteral("0:10 1:77 2:30"));
     QCOMPARE(grid.getHeader()->getItem(1)->getFmt(), 0x4012);
     QCOMPARE(grid.getHeader()->getItem(1)->getText(), std::string("hidden"));
 }

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void insertSlimRow_ofALiteralZero_isOneOfTheParam();
     void insertSlimRow_ofARecord_ignoresTheRest();
     void newSortRecord_sortsByItsComparison();
+    void setFocusedColumn_answersTheOneBefore();
     void setters_answerTheOldWord();
     void plumbing_isThere();
     void setRedraw_changesNothing();
@@ -254,6 +255,16 @@ void tst_GridFace::newSortRecord_sortsByItsComparison()
     };
     grid.Sort(&sort);
     QCOMPARE(grid.order(), QStringLiteral("a b c"));
+}
+
+void tst_GridFace::setFocusedColumn_answersTheOneBefore()
+{
+    TestGrid grid;
+    std::vector<tag_HCOLUMN *> const columns = grid.addColumns({10, 20});
+    QCOMPARE(grid.SetFocusedColumn(columns[1]), GC_NOCOLUMN);
+    QCOMPARE(grid.SetFocusedColumn(columns[0]), columns[1]);
+    QCOMPARE(grid.SetFocusedColumn(noSuchColumn), columns[0]);
+    QCOMPARE(grid.GetFocusedColumn(), columns[0]);
 }
 
 void tst_GridFace::setters_answerTheOldWord()

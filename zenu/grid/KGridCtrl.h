@@ -117,8 +117,9 @@ public:
     /// The column of the focused cell, GC_NOCOLUMN for none.
     tag_HCOLUMN * GetFocusedColumn() const;
     /// Stores the column's place in order of creation, which is taken for its place on display: the
-    /// two differ once columns were reordered. Applications rely on it, so it stays.
-    void SetFocusedColumn(tag_HCOLUMN * column);
+    /// two differ once columns were reordered. Applications rely on it, so it stays. Returns the
+    /// column that was focused, GC_NOCOLUMN for none.
+    tag_HCOLUMN * SetFocusedColumn(tag_HCOLUMN * column);
     /// Repaints the column if it is shown.
     void InvalidateColumn(tag_HCOLUMN * column);
     /// Owned by the grid.

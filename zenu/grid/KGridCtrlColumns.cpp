@@ -116,11 +116,13 @@ tag_HCOLUMN * KGridCtrl::GetFocusedColumn() const
     return column ? column->Handle() : GC_NOCOLUMN;
 }
 
-void KGridCtrl::SetFocusedColumn(tag_HCOLUMN * column)
+tag_HCOLUMN * KGridCtrl::SetFocusedColumn(tag_HCOLUMN * column)
 {
+    tag_HCOLUMN * const before = GetFocusedColumn();
     if (CGCColumn const * const found = d->columns.find(column)) {
         d->focusColumn = found->itemIndex;
     }
+    return before;
 }
 
 void KGridCtrl::InvalidateColumn(tag_HCOLUMN * column)
