@@ -36,6 +36,7 @@ private Q_SLOTS:
     void cursorEvent_dragEvents();
     void otherEvents_postNothingAndChangeNothing();
     void cursorEvent_isPostedNotSent();
+    void cursorEvent_posIsThatOfTheCursorInTheReceiver();
     void cursorEvent_objectsThatAreNoWidgets_getNone();
     void filter_consumesNothing();
     void receiverDiesBeforeItsEvent_isSafe();
@@ -362,6 +363,22 @@ void tst_KEventMonitor::cursorEvent_isPostedNotSent()
     QVERIFY(m_widget->cursorEvents.isEmpty());
     post();
     QCOMPARE(m_widget->cursorEvents.size(), 1);
+}
+
+void tst_KEventMonitor::cursorEvent_posIsThatOfTheCursorInTheReceiver()
+{
+    KEventMonitor::init();
+    Watched child(m_widget.get());
+    child.setGeometry(20, 10, 50, 50);
+    child.show();
+    QCursor::setPos(m_widget->mapToGlobal(QPoint(25, 30)));
+    QTRY_COMPARE(QCursor::pos(), m_widget->mapToGlobal(QPoint(25, 30)));
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(&child, CursorEventType); // of the move
+    child.cursorEvents.clear();
+    sendKey(&child, QEvent::KeyPress, Qt::Key_A);
+    QCoreApplication::sendPostedEvents(&child, CursorEventType);
+    QCOMPARE(child.cursorEvents, QList<QPoint>({QPoint(5, 20)}));
 }
 
 void tst_KEventMonitor::cursorEvent_objectsThatAreNoWidgets_getNone()
