@@ -136,6 +136,9 @@ inline Player::Player(Setup const & setup)
     grid->SetTextCallback([](unsigned long self, tag_HROW * row, tag_HCOLUMN * id,
                              long) { return reinterpret_cast<Recorder *>(self)->textFor(row, id); },
                           reinterpret_cast<unsigned long>(&recorder));
+    // When the window becomes active is no matter of the model, and a grid that gains the focus
+    // selects its first row.
+    grid->setFocusPolicy(Qt::NoFocus);
     grid->show();
     grid->UpdateVisibleRows();
     ref.around.client = grid->getClientRect();
