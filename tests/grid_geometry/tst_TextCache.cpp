@@ -64,6 +64,8 @@ private Q_SLOTS:
     void fit_hugeText_measuresLittle();
     void fit_textsThatDifferLate_areTold();
     void fit_manyTexts_memoryIsBounded();
+    void fit_textsInUse_stayWhileOthersCome();
+    void fit_longTexts_fewAreKept();
     void fit_result_outlivesThousandLookups();
     void clear_forgetsAll();
     void setDevice_sameDevice_forgetsNothing();
@@ -316,6 +318,46 @@ void tst_TextCache::fit_manyTexts_memoryIsBounded()
         QVERIFY(cache.size() <= 16384);
     }
     QVERIFY(cache.size() >= 8192);
+}
+
+void tst_TextCache::fit_textsInUse_stayWhileOthersCome()
+{
+    TextCache cache;
+    auto const useOne = [&](int number) {
+        QByteArray const text = "in use " + QByteArray::number(number % 200);
+        QCOMPARE(cache.fit(QFont(), text.constData(), 500, FitSide::Front).length, text.size());
+    };
+    for (int i = 0; i < 200; ++i) {
+        useOne(i);
+    }
+    for (int i = 0; i < 40000; ++i) {
+        cache.fit(QFont(), QByteArray::number(i).constData(), 500, FitSide::Front);
+        if (i % 20 == 0) {
+            useOne(i / 20);
+        }
+    }
+    long long const before = cache.measurements();
+    for (int i = 0; i < 200; ++i) {
+        useOne(i);
+    }
+    QCOMPARE(cache.measurements(), before);
+}
+
+void tst_TextCache::fit_longTexts_fewAreKept()
+{
+    TextCache cache;
+    QByteArray text;
+    for (int i = 0; i < 400; ++i) {
+        text = QByteArray::number(i).leftJustified(1000, 'x');
+        // As a whole, and cut.
+        cache.fit(QFont(), text.constData(), 100, FitSide::Front);
+    }
+    std::size_t const most = (16U << 20) / (32 * 1000);
+    QVERIFY2(cache.size() <= most, qPrintable(QString::number(cache.size())));
+    QVERIFY2(cache.size() > most * 9 / 10, qPrintable(QString::number(cache.size())));
+    long long const before = cache.measurements();
+    cache.fit(QFont(), text.constData(), 100, FitSide::Front);
+    QCOMPARE(cache.measurements(), before);
 }
 
 void tst_TextCache::fit_result_outlivesThousandLookups()

@@ -80,6 +80,9 @@ std::string_view TextWidths::kept(int count) const
 
 int TextWidths::widthOf(int count)
 {
+    if (wholeWidth >= 0 && static_cast<std::size_t>(count) == text.size()) {
+        return wholeWidth;
+    }
     return font.inkWidth(latin1Text(kept(count)));
 }
 

@@ -56,14 +56,16 @@ inline bool isOddLetter(char letter)
     return code < 0x20 || (code >= 0x7f && code < 0xa0) || code == 0xad;
 }
 
-// The widths of the beginnings or ends of a Latin-1 text, which outlives this.
+// The widths of the beginnings or ends of a Latin-1 text, which outlives this. `widthOfAll` is that
+// of the whole text, -1 when it was not measured yet.
 class TextWidths : public ITextWidths
 {
 public:
-    TextWidths(FontWidths & widthsOfFont, std::string_view measuredText, int heightOfLine,
-               FitSide fitSide)
+    TextWidths(FontWidths & widthsOfFont, std::string_view measuredText, int widthOfAll,
+               int heightOfLine, FitSide fitSide)
         : font(widthsOfFont)
         , text(measuredText)
+        , wholeWidth(widthOfAll)
         , lineHeight(heightOfLine)
         , side(fitSide)
     {
@@ -77,6 +79,7 @@ public:
 private:
     FontWidths & font;
     std::string_view text;
+    int wholeWidth;
     int lineHeight;
     FitSide side;
 };

@@ -42,10 +42,10 @@ private:
 };
 
 // What the texts of one grid measure, so that a screen that was painted before measures and shapes
-// nothing again: painting, hit tests and best fit ask here. Knows the last 8192 to 16384 different
-// texts and spans, fewer when they are long, in about 16 MB at most. A lookup allocates nothing. It
-// holds copies of fonts and compares by identity first, so a font that its application changes is
-// seen as another one.
+// nothing again: painting, hit tests and best fit ask here. Knows up to 16384 different texts and
+// spans, those of the last 8192 lookups among them, fewer when they are long, in about 16 MB at
+// most. A lookup allocates nothing. It holds copies of fonts and compares by identity first, so a
+// font that its application changes is seen as another one.
 class ZENU_TEST_EXPORT TextCache
 {
 public:
@@ -62,7 +62,8 @@ public:
     void clear();
 
     // The Latin-1 text, neither null nor empty, in a span of `room` pixels. The result lives until
-    // clear, setDevice, or some thousand further texts; use it before the next few lookups.
+    // clear, setDevice, or some thousand further texts, some dozens when they are long; use it
+    // before the next few lookups.
     FittedText const & fit(QFont const & font, char const * text, int room, FitSide side);
 
     // How often a text was measured since construction; guesses count too.

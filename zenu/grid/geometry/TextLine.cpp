@@ -16,13 +16,16 @@ namespace {
 constexpr char16_t variantSeparator = u'\x9c';
 constexpr qreal endlessLine = 0x01000000; // what Qt gives a text that is not wrapped
 
+bool breaksLine(QChar letter)
+{
+    return letter == u'\n' || letter == u'\r' || letter == u'\t';
+}
+
 // White space that breaks lines or columns stands as a space in a single line.
 QString onOneLine(QString text)
 {
-    for (QChar & letter : text) {
-        if (letter == u'\n' || letter == u'\r' || letter == u'\t') {
-            letter = u' ';
-        }
+    if (std::any_of(text.cbegin(), text.cend(), breaksLine)) {
+        std::replace_if(text.begin(), text.end(), breaksLine, u' ');
     }
     return text;
 }
@@ -50,9 +53,8 @@ QSize TextLine::size() const
         return lineText.isEmpty() ? QSize(0, 0)
                                   : QFontMetrics(font).size(Qt::TextSingleLine, lineText);
     }
-    QTextLine const line = layout->lineAt(0);
-    return QSize(static_cast<int>(std::ceil(line.naturalTextWidth())),
-                 static_cast<int>(std::ceil(line.ascent() + line.descent())));
+    return QSize(static_cast<int>(std::ceil(extent.width())),
+                 static_cast<int>(std::ceil(extent.height())));
 }
 
 qreal TextLine::advance() const
@@ -60,8 +62,7 @@ qreal TextLine::advance() const
     if (!shape()) {
         return QFontMetricsF(font).horizontalAdvance(lineText);
     }
-    QTextLine const line = layout->lineAt(0);
-    return std::max(line.horizontalAdvance(), line.naturalTextWidth());
+    return std::max(layout->lineAt(0).horizontalAdvance(), extent.width());
 }
 
 void TextLine::release() const
@@ -106,6 +107,7 @@ bool TextLine::shape() const
     line.setLineWidth(endlessLine);
     line.setPosition(QPointF(0, 0));
     layout->endLayout();
+    extent = QSizeF(line.naturalTextWidth(), line.ascent() + line.descent());
     return true;
 }
 
@@ -114,24 +116,22 @@ bool TextLine::shape() const
 void TextLine::drawLine(QPainter * painter, QRect const & rect, Qt::Alignment alignment) const
 {
     QTextLine const line = layout->lineAt(0);
-    qreal const width = line.naturalTextWidth();
-    qreal const height = line.ascent() + line.descent();
     qreal yOffset = 0;
     if (alignment & Qt::AlignBottom) {
-        yOffset = rect.height() - height;
+        yOffset = rect.height() - extent.height();
     } else if (alignment & Qt::AlignVCenter) {
-        yOffset = (rect.height() - height) / 2;
+        yOffset = (rect.height() - extent.height()) / 2;
     }
     qreal xOffset = 0;
     qreal boundsOffset = 0;
     if (alignment & Qt::AlignRight) {
         xOffset = rect.width() - line.horizontalAdvance();
-        boundsOffset = rect.width() - width;
+        boundsOffset = rect.width() - extent.width();
     } else if (alignment & Qt::AlignHCenter) {
         xOffset = (rect.width() - line.horizontalAdvance()) / 2;
-        boundsOffset = (rect.width() - width) / 2;
+        boundsOffset = (rect.width() - extent.width()) / 2;
     }
-    QRectF const bounds(rect.x() + boundsOffset, rect.y() + yOffset, width, height);
+    QRectF const bounds(QPointF(rect.x() + boundsOffset, rect.y() + yOffset), extent);
     bool const clipped = !QRectF(rect).contains(bounds);
     if (clipped) {
         painter->save();

@@ -48,6 +48,7 @@ private:
     QString lineText;
     bool hasVariants = false; // U+009C separates variants of different lengths: Qt chooses
     mutable std::unique_ptr<QTextLayout> layout;
+    mutable QSizeF extent; // of the layout's line
 };
 
 } // namespace zenu
