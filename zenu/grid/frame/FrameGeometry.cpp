@@ -90,12 +90,10 @@ int KGridCtrl::PrivateData::ShownColumnAt(int contentsX) const
 KGridCtrl::PrivateData::Hit KGridCtrl::PrivateData::HitTest(QPoint const & point)
 {
     UpdateNow(); // before the position is read: it may scroll
-    // A point above the rows is none of theirs; GetRowAtY answers so for one below them.
-    long long const y = TopPosition() + point.y() - headerHeight;
-    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - hScrollPos || y < 0) {
+    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - hScrollPos) {
         return {};
     }
-    IGCRow * const row = GetRowAtY(y);
+    IGCRow * const row = GetRowAtOffset(point.y() - headerHeight);
     int const columnIndex = row ? ShownColumnAt(point.x() + hScrollPos) : -1;
     if (columnIndex == -1) {
         return {};

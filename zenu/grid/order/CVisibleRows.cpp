@@ -266,11 +266,16 @@ int CVisibleRows::IndexFromY(int y, int low, int high)
         [=](auto const & rows) { return RowSearch::indexFromY(rows, y, low, high); });
 }
 
-IGCRow * CVisibleRows::GetRowAtY(long long y)
+// One look at the positions for all of it: each motion of the mouse asks.
+IGCRow * CVisibleRows::GetRowAtOffset(int offset)
 {
     UpdateNow();
-    int const index = record->withPositions(
-        [=](auto const & rows) { return RowSearch::indexFromY(rows, y, 0, -1); });
+    int const index = record->withPositions([=, this](auto const & rows) {
+        int const top = record->topIndex;
+        bool const hasTop = top >= 0 && top < rows.count();
+        long long const y = (hasTop ? rows.topOf(top) : 0) + offset;
+        return y < 0 ? -1 : RowSearch::indexFromY(rows, y, 0, -1);
+    });
     return index == -1 ? nullptr : record->order->GetRowAt(index);
 }
 
