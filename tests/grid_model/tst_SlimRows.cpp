@@ -1,6 +1,8 @@
 #include "tests/grid_model/ModelFixture.h"
 #include "tests/support/TestMain.h"
 
+#include <zenu/grid/GridRecords.h>
+
 using namespace zenu;
 using namespace zenutest;
 
@@ -28,6 +30,8 @@ private Q_SLOTS:
     void dropChildren_withoutBlock_doesNothing();
     void block_ofEitherClass_holdsItsRowsInline_data();
     void block_ofEitherClass_holdsItsRowsInline();
+    void block_ofRecords_isOfTheSmallestClassThatFits_data();
+    void block_ofRecords_isOfTheSmallestClassThatFits();
     void block_replaced_freesDeeperBlocks();
     void chainOfAMillionSlimRows_isDroppedWithoutRecursion();
     void slimRowUnderOrdinary_goesWithItsParent();
@@ -273,6 +277,41 @@ void tst_SlimRows::block_ofEitherClass_holdsItsRowsInline()
         QVERIFY(!child->HasChildren(&wrapper));
     }
     QCOMPARE(address(0) - reinterpret_cast<char *>(row.SubRows()), std::ptrdiff_t(16));
+}
+
+void tst_SlimRows::block_ofRecords_isOfTheSmallestClassThatFits_data()
+{
+    QTest::addColumn<int>("withChildren"); // which of the five records, -1 for none
+    QTest::addColumn<int>("withHeight");
+    QTest::newRow("no children: lonely rows") << -1 << -1;
+    QTest::newRow("children of the first: larger rows") << 0 << -1;
+    QTest::newRow("children of the last: larger rows, the first ones too") << 4 << -1;
+    QTest::newRow("a height of its own is noted") << -1 << 2;
+    QTest::newRow("a height after children is noted") << 1 << 4;
+}
+
+void tst_SlimRows::block_ofRecords_isOfTheSmallestClassThatFits()
+{
+    QFETCH(int, withChildren);
+    QFETCH(int, withHeight);
+    std::vector<GC_SLIMROWDATA> records(5);
+    for (int i = 0; i < 5; ++i) {
+        records[static_cast<std::size_t>(i)] = {nullptr, 70 + i, i == withChildren,
+                                                i == withHeight ? 30 : -1};
+    }
+    CGCSlimRow row(nullptr);
+    CGCSlimRow::CSubRows * const block = row.CreateBlock(true, records);
+    QVERIFY(block && block == row.SubRows() && block->loaded && block->expanded);
+    QCOMPARE(block->anyHeight, withHeight != -1);
+    QCOMPARE(block->GetRows().count(), 5);
+    QCOMPARE(block->GetRows().areLonely(), withChildren == -1);
+    for (int i = 0; i < 5; ++i) {
+        IGCRow * const child = block->GetRow(i);
+        QCOMPARE(dynamic_cast<CGCLonelySlimRow *>(child) != nullptr, withChildren == -1);
+        QCOMPARE(child->parent, &row);
+        QCOMPARE(child->param, static_cast<unsigned long>(70 + i));
+        QCOMPARE(records[static_cast<std::size_t>(i)].row, child->Handle());
+    }
 }
 
 void tst_SlimRows::block_replaced_freesDeeperBlocks()

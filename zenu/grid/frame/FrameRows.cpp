@@ -49,22 +49,6 @@ void KGridCtrl::PrivateData::dropOrphanHeight(IGCRow const * row)
     }
 }
 
-bool KGridCtrl::PrivateData::InsertAtTop(IGCRow * row, tag_HROW * after)
-{
-    return InsertAtTop(std::span<IGCRow * const>(&row, 1), after);
-}
-
-bool KGridCtrl::PrivateData::InsertAtTop(std::span<IGCRow * const> rows, tag_HROW * after)
-{
-    if (!rootRows.insert(rows, after, true)) {
-        return false;
-    }
-    for (IGCRow * const row : rows) {
-        row->parent = nullptr;
-    }
-    return true;
-}
-
 tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 {
     RowGuard const guard(this, nullptr);
@@ -83,7 +67,7 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
         }
         DropChildWalk(parent);
     } else {
-        if (!InsertAtTop(row.get(), after)) {
+        if (!rootRows.insert(row.get(), after, true)) {
             return nullptr;
         }
         rootChildWalk.reset();
@@ -107,7 +91,7 @@ tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 tag_HROW * KGridCtrl::PrivateData::InsertSection(char const * text, tag_HROW * after)
 {
     auto row = std::make_unique<CGCSection>(columns);
-    if (IsTreeLocked() || !InsertAtTop(row.get(), after)) {
+    if (IsTreeLocked() || !rootRows.insert(row.get(), after, true)) {
         return nullptr;
     }
     rootChildWalk.reset();
@@ -149,6 +133,11 @@ void KGridCtrl::PrivateData::ForgetCells(IGCRow const * row)
 void KGridCtrl::PrivateData::ForgetAllCells()
 {
     hover = pendingEdit = edited = {};
+}
+
+void KGridCtrl::PrivateData::SetInnermostWatch(RowWatch * watch)
+{
+    watches = watch;
 }
 
 bool KGridCtrl::PrivateData::DeleteRow(IGCRow * row)

@@ -155,15 +155,9 @@ void KGridCtrl::PrivateData::LoadSubRows(CGCSlimRow * row, bool expanded, int co
         slimCallback->GetSubRows(row->Handle(), static_cast<long>(row->param), count,
                                  records.data());
     }
-    bool anyChildren = false;
-    bool anyHeight = false;
-    for (GC_SLIMROWDATA const & record : records) {
-        anyChildren |= record.hasChildren != 0;
-        anyHeight |= record.height != -1;
-    }
-    if (CGCSlimRow::CSubRows * const block = row->CreateBlock(!anyChildren, expanded, records)) {
+    if (CGCSlimRow::CSubRows * const block = row->CreateBlock(expanded, records)) {
         enterSubRows(block->GetRows());
-        if (anyHeight) {
+        if (block->anyHeight) {
             setSubRowHeights(block->GetRows(), records);
         }
         if (slimCallback) {
@@ -212,7 +206,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
         return false;
     }
     std::span<GC_SLIMROWDATA> const records(record->rows, static_cast<std::size_t>(record->count));
-    std::vector<IGCRow *> rows;
+    std::vector<IGCRow *, LargeBlockAllocator<IGCRow *>> rows;
     rows.reserve(records.size());
     if (!records.empty()) {
         DropAllRowsWalk();
@@ -234,7 +228,7 @@ bool KGridCtrl::PrivateData::InsertSlimRows(GC_INSERTSLIMROW * record)
     }
     locator->AddRange(RowSpan(rows.data(), record->count));
     bool const inserted = parent ? parent->InsertChildrenAfter(rows, record->after)
-                                 : InsertAtTop(rows, record->after);
+                                 : rootRows.insert(rows, record->after, true);
     if (!inserted) {
         DropAllRowsWalk();
         for (std::size_t i = 0; i < rows.size(); ++i) {

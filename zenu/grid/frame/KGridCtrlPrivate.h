@@ -162,8 +162,6 @@ public:
     IGCRow * LocateSettled(tag_HROW * handle);
     tag_HROW * InsertRow(GC_ROW * record, tag_HROW * after);
     tag_HROW * InsertSection(char const * text, tag_HROW * after);
-    bool InsertAtTop(IGCRow * row, tag_HROW * after);
-    bool InsertAtTop(std::span<IGCRow * const> rows, tag_HROW * after);
     bool DeleteRow(IGCRow * row);
     // False while nothing may go.
     bool DeleteAllRows();
@@ -171,6 +169,8 @@ public:
     // Lets go of held cells in a row that dies.
     void ForgetCells(IGCRow const * row);
     void ForgetAllCells();
+    // A watch comes or goes. Out of line: compilers take the address that is kept for a mistake.
+    void SetInnermostWatch(RowWatch * watch);
     // Rows and columns can neither come nor go now: someone walks over them and asks the
     // application on the way.
     bool IsTreeLocked() const { return treeLocks != 0; }

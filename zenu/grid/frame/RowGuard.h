@@ -17,7 +17,7 @@ public:
         : frame(watchedFrame->grid ? watchedFrame : nullptr)
         , outer(watchedFrame->watches)
     {
-        watchedFrame->watches = frame ? this : outer;
+        watchedFrame->SetInnermostWatch(frame ? this : outer);
     }
     RowWatch(RowWatch const &) = delete;
     RowWatch & operator=(RowWatch const &) = delete;
@@ -29,7 +29,7 @@ protected:
     ~RowWatch()
     {
         if (frame) {
-            frame->watches = outer;
+            frame->SetInnermostWatch(outer);
         }
     }
     // The row is still whole, and hangs where it did.

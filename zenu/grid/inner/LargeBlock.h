@@ -3,6 +3,7 @@
 #include "zenu/ZenuExport.h"
 
 #include <cstddef>
+#include <new>
 
 namespace zenu {
 
@@ -17,5 +18,33 @@ namespace LargeBlock {
 ZENU_TEST_EXPORT void release(void * block) noexcept;
 
 } // namespace LargeBlock
+
+// For a std::vector that may become large.
+template <typename Value>
+struct LargeBlockAllocator
+{
+    using value_type = Value;
+
+    LargeBlockAllocator() = default;
+    template <typename Other>
+    LargeBlockAllocator(LargeBlockAllocator<Other> const &)
+    {
+    }
+
+    Value * allocate(std::size_t count)
+    {
+        void * const block = LargeBlock::allocate(count * sizeof(Value));
+        if (!block) {
+            throw std::bad_alloc();
+        }
+        return static_cast<Value *>(block);
+    }
+    void deallocate(Value * block, std::size_t) { LargeBlock::release(block); }
+
+    friend bool operator==(LargeBlockAllocator const &, LargeBlockAllocator const &)
+    {
+        return true;
+    }
+};
 
 } // namespace zenu

@@ -19,8 +19,7 @@ public:
     IGCRow * GetRow(int index) override { return firstRow() + index; }
     RowSpan GetRows() override
     {
-        return {reinterpret_cast<std::byte *>(firstRow()), sizeof(Row), count,
-                std::is_same_v<Row, CGCLonelySlimRow>};
+        return {reinterpret_cast<std::byte *>(firstRow()), sizeof(Row), count, isLonely};
     }
 
     // Null when there is no memory.
@@ -32,22 +31,33 @@ public:
         }
         return block;
     }
+    // Null also when a record has children that rows of this class can't have: with ten million
+    // records, to look for one beforehand would take as long as to make the rows.
     static CGCSlimRow::CSubRows * create(IGCRow * parent, std::span<GC_SLIMROWDATA> records)
     {
         RowBlock * const block = allocate(static_cast<int>(records.size()));
         if (!block) {
             return nullptr;
         }
+        bool anyHeight = false;
         Row * place = block->firstRow();
         for (GC_SLIMROWDATA & record : records) {
+            if (isLonely && record.hasChildren) {
+                LargeBlock::release(static_cast<void *>(block));
+                return nullptr;
+            }
             Row * const row = ::new (static_cast<void *>(place++)) Row(parent);
             row->param = static_cast<unsigned long>(record.param);
             record.row = row->Handle();
+            anyHeight |= record.height != -1;
         }
+        block->anyHeight = anyHeight;
         return block;
     }
 
 private:
+    static constexpr bool isLonely = std::is_same_v<Row, CGCLonelySlimRow>;
+
     static RowBlock * allocate(int rowCount)
     {
         static_assert(sizeof(RowBlock) % alignof(Row) == 0);
@@ -154,12 +164,10 @@ CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded, int c
                      expanded);
 }
 
-CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool lonely, bool expanded,
-                                               std::span<GC_SLIMROWDATA> records)
+CGCSlimRow::CSubRows * CGCSlimRow::CreateBlock(bool expanded, std::span<GC_SLIMROWDATA> records)
 {
-    return takeBlock(lonely ? CLonelySlimSubRows::create(this, records)
-                            : CSlimSubRows::create(this, records),
-                     expanded);
+    CSubRows * const lonely = CLonelySlimSubRows::create(this, records);
+    return takeBlock(lonely ? lonely : CSlimSubRows::create(this, records), expanded);
 }
 
 // Instead of the block that is there.

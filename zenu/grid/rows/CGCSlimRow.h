@@ -70,6 +70,7 @@ public:
 
         bool loaded = false;
         bool expanded = false;
+        bool anyHeight = false; // some row was given a height of its own
         int count = 0;
 
     protected:
@@ -96,8 +97,9 @@ public:
     // this parent and param 0. With `lonely` they are the smaller rows that can't have children.
     // Null, and no block, when there is no memory for it.
     CSubRows * CreateBlock(bool lonely, bool expanded, int count);
-    // The same with the param of each record; `row` of each is filled in.
-    CSubRows * CreateBlock(bool lonely, bool expanded, std::span<GC_SLIMROWDATA> records);
+    // The same with the param of each record; `row` of each is filled in. The smaller rows when no
+    // record says that its row has children.
+    CSubRows * CreateBlock(bool expanded, std::span<GC_SLIMROWDATA> records);
     // Forgets the children. An expanded row keeps a shell that loads again when asked.
     void DropChildren();
 

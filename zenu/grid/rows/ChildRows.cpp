@@ -10,7 +10,7 @@ constexpr std::size_t largestDrift = 1024; // a search outwards beats a pass up 
 
 } // namespace
 
-std::vector<IGCRow *> const & ChildRows::closed() const
+ChildRows::Slots const & ChildRows::closed() const
 {
     if (holes != 0) {
         std::erase(slots, nullptr);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "zenu/grid/inner/LargeBlock.h"
 #include "zenu/grid/rows/IGCRow.h"
 
 #include <span>
@@ -36,12 +37,14 @@ public:
     std::size_t bytes() const { return slots.capacity() * sizeof(IGCRow *); }
 
 private:
-    std::vector<IGCRow *> const & closed() const;
+    using Slots = std::vector<IGCRow *, LargeBlockAllocator<IGCRow *>>;
+
+    Slots const & closed() const;
     std::ptrdiff_t slotOf(IGCRow const * row) const;
     std::ptrdiff_t slotOfHandle(tag_HROW * position) const;
     void renumber() const;
 
-    mutable std::vector<IGCRow *> slots; // null: a hole
+    mutable Slots slots; // null: a hole
     mutable std::size_t holes = 0;
     mutable std::size_t drift = 0; // by how many places a row may stand off its childPlace
     std::size_t lastInserted = 0;  // a guess
