@@ -11,6 +11,12 @@ constexpr int windowWidth = 1600;
 constexpr int windowHeight = 1000;
 constexpr int rowHeight = 20; // of all, so that all show as many rows
 
+// Eight columns fill the window; more are as narrow as they must be.
+constexpr int columnWidth(int columns)
+{
+    return windowWidth / (columns > 8 ? columns : 8);
+}
+
 // A widget that counts what it paints, so that a frame is known to be in the backing store.
 template <typename Widget>
 class Counted : public Widget

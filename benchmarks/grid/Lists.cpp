@@ -7,7 +7,7 @@ ZenuList::ZenuList(int columns)
     grid.resize(windowWidth, windowHeight);
     grid.SetDefaultHeight(rowHeight);
     for (int column = 0; column < columns; ++column) {
-        columnHandles.push_back(grid.AddColumn("Column", 0, windowWidth / 8));
+        columnHandles.push_back(grid.AddColumn("Column", 0, columnWidth(columns)));
     }
     grid.show();
     frame(grid);
@@ -54,7 +54,7 @@ WidgetList::WidgetList(int columns)
     view.setColumnCount(columns);
     view.resize(windowWidth, windowHeight);
     for (int column = 0; column < columns; ++column) {
-        view.setColumnWidth(column, windowWidth / 8);
+        view.setColumnWidth(column, columnWidth(columns));
     }
     view.show();
     frame(view);

@@ -99,7 +99,7 @@ public:
         view.setModel(&model);
         view.resize(windowWidth, windowHeight);
         for (int column = 0; column < Columns; ++column) {
-            view.setColumnWidth(column, windowWidth / 8);
+            view.setColumnWidth(column, columnWidth(Columns));
         }
         view.show();
         frame(view);

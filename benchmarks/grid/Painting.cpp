@@ -1,4 +1,4 @@
-// Frames of a list of 8 columns: full repaints and scrolling.
+// Frames of a list: full repaints and scrolling.
 
 #include "Lists.h"
 #include "Results.h"
@@ -8,6 +8,7 @@ namespace bench {
 namespace {
 
 constexpr int columns = 8;
+constexpr int narrowColumns = 24; // most texts are cut there
 constexpr int samples = 15;
 
 // The mean time of some repetitions of the work, each with its frame.
@@ -28,10 +29,10 @@ double meanFrame(List & list, int repetitions, Work work)
 }
 
 template <typename List>
-std::shared_ptr<List> filledList()
+std::shared_ptr<List> filledList(int columnCount = columns)
 {
-    auto const list = std::make_shared<List>(columns);
-    list->fill(keptTexts(100'000, columns));
+    auto const list = std::make_shared<List>(columnCount);
+    list->fill(keptTexts(800'000 / columnCount, columnCount));
     list->paintFrame();
     list->rest();
     return list;
@@ -61,14 +62,15 @@ void addSteps(std::string const & work, QAbstractSlider::SliderAction action, in
 }
 
 template <typename List>
-void addRepaints(std::string const & seen, std::string const & unseen)
+void addRepaints(std::string const & seen, std::string const & unseen, int columnCount)
 {
-    addContestant(seen, List::name, samples, []() -> std::function<double()> {
-        return
-            [list = filledList<List>()] { return meanFrame(*list, 10, [&] { list->dirtyAll(); }); };
+    addContestant(seen, List::name, samples, [=]() -> std::function<double()> {
+        return [list = filledList<List>(columnCount)] {
+            return meanFrame(*list, 10, [&] { list->dirtyAll(); });
+        };
     });
-    addContestant(unseen, List::name, samples, []() -> std::function<double()> {
-        return [list = filledList<List>(), number = std::size_t(0)]() mutable {
+    addContestant(unseen, List::name, samples, [=]() -> std::function<double()> {
+        return [list = filledList<List>(columnCount), number = std::size_t(0)]() mutable {
             double seconds = 0;
             for (int i = 0; i < 10; ++i) {
                 list->rest();
@@ -98,10 +100,17 @@ void addJumps(std::string const & work)
 template <typename List>
 void addAll()
 {
-    addRepaints<List>("full repaint, texts seen before", "full repaint, first time");
+    addRepaints<List>("full repaint, texts seen before", "full repaint, first time", columns);
     addSteps<List>("scroll one row", QAbstractSlider::SliderSingleStepAdd, 50);
     addSteps<List>("scroll a page", QAbstractSlider::SliderPageStepAdd, 10);
     addJumps<List>("jump");
+}
+
+template <typename List>
+void addNarrow()
+{
+    addRepaints<List>("full repaint of cut texts, seen before",
+                      "full repaint of cut texts, first time", narrowColumns);
 }
 
 } // namespace
@@ -110,12 +119,17 @@ void addPainting()
 {
     addWork("full repaint, texts seen before", 0.3);
     addWork("full repaint, first time", 0.8);
+    addWork("full repaint of cut texts, seen before", 0.3);
+    addWork("full repaint of cut texts, first time", 0.8);
     addWork("scroll one row", 0.5);
     addWork("scroll a page", 0.4);
     addWork("jump", 0.4);
     addAll<ZenuList>();
     addAll<WidgetList>();
     addAll<LeanList<QTreeView, columns>>();
+    addNarrow<ZenuList>();
+    addNarrow<WidgetList>();
+    addNarrow<LeanList<QTreeView, narrowColumns>>();
 }
 
 } // namespace bench

@@ -95,7 +95,7 @@ std::string sizeName(int rows)
     std::string text = std::to_string(rows);
     for (std::size_t place = text.size(); place > 3;) {
         place -= 3;
-        text.insert(place, " ");
+        text.insert(place, 1, ' ');
     }
     return text;
 }

@@ -33,8 +33,11 @@ void ZenuSlim::load()
         grid.Expand(top, zenu::GCE_EXPAND);
         return;
     }
-    std::vector<zenu::GC_SLIMROWDATA> rows(static_cast<std::size_t>(rowCount));
-    GetSubRows(nullptr, 0, rowCount, rows.data());
+    std::vector<zenu::GC_SLIMROWDATA> rows;
+    rows.reserve(static_cast<std::size_t>(rowCount));
+    for (int i = 0; i < rowCount; ++i) {
+        rows.push_back({nullptr, i, 0});
+    }
     grid.InsertSlimRows(rowCount, rows.data(), zenu::GC_ROOT, zenu::GCI_LAST);
     grid.update(); // left to the application
 }
