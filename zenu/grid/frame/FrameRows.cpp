@@ -51,10 +51,12 @@ void KGridCtrl::PrivateData::dropOrphanHeight(IGCRow const * row)
 
 tag_HROW * KGridCtrl::PrivateData::InsertRow(GC_ROW * record, tag_HROW * after)
 {
-    RowGuard const guard(this, nullptr);
-    StopEditing();
-    if (!guard.hasGrid()) {
-        return nullptr;
+    if (HasEdit()) {
+        RowGuard const guard(this, nullptr);
+        StopEditing();
+        if (!guard.hasGrid()) {
+            return nullptr;
+        }
     }
     IGCRow * const parent = record->parent == GC_ROOT ? nullptr : LocateRow(record->parent);
     if ((!parent && record->parent != GC_ROOT) || IsTreeLocked()) {

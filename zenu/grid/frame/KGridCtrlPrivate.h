@@ -253,6 +253,8 @@ public:
     bool IsEditing() const;
     // Before rows or columns come or go: no edit is scheduled or open after it.
     void StopEditing();
+    // Whether that would do anything.
+    bool HasEdit() const { return editor || pendingEdit.row; }
     void EditTimeOut();
     void EndEditEvent(QEvent * event);
     // Of all selected rows, to the other state than that of this one.

@@ -276,7 +276,7 @@ IGCRow * CVisibleRows::GetRowAtOffset(int offset)
         long long const y = (hasTop ? rows.topOf(top) : 0) + offset;
         return y < 0 ? -1 : RowSearch::indexFromY(rows, y, 0, -1);
     });
-    return index == -1 ? nullptr : record->order->GetRowAt(index);
+    return index == -1 ? nullptr : record->rowAt(index);
 }
 
 int CVisibleRows::RowUnderY(int y)

@@ -48,6 +48,12 @@ struct CVisibleRows::Record
         return work(VariousPositions{various, totalHeight});
     }
 
+    // As order->GetRowAt, without a virtual call.
+    IGCRow * rowAt(int index) const
+    {
+        return order == &similar ? similar.GetRowAt(index) : various.GetRowAt(index);
+    }
+
     CVariousRows various;
     CSimilarRows similar;
     IRowsOrder * order = &similar; // while a rebuild fills one form, the other, which is empty
