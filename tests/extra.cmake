@@ -22,6 +22,8 @@ function(zenu_ratio_tests folder)
 endfunction()
 
 zenu_ratio_tests(surface)
+# An editor that lies still over a grid that scrolls; with a display server the focus really moves.
+zenu_ratio_tests(grid_editing)
 
 # The explorer example is tested by its parts, and as the program that it is.
 if(TARGET tests_explorer)

@@ -302,6 +302,22 @@ public:
     bool SetRowSel(tag_HROW * row, bool select);
 
     /// @}
+    /// \name Editing
+    /// @{
+
+    /// Moves the focus to a cell and selects its row alone, without a notification, then edits the
+    /// text in place: scrolls the cell into view, asks OnItemChanging and opens a line editor over
+    /// the cell, which takes the keyboard focus. False when that did not happen: for a bad handle,
+    /// a row or column that is not shown, a section, a column without GCCF_EDITABLE or of another
+    /// kind than text and text with icon, and when the application refuses. An edit that is open
+    /// anywhere in the process is saved first.
+    bool EditItem(tag_HROW * row, tag_HCOLUMN * column);
+    /// Ends the edit now, saves the text or discards it, tells OnItemChanged in both cases and
+    /// takes the keyboard focus. Without an open editor it does nothing: true when asked to save,
+    /// false when asked to discard.
+    bool EndEditItemNow(bool discard);
+
+    /// @}
     /// \name Appearance
     /// @{
 

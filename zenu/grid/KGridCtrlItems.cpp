@@ -146,4 +146,16 @@ void KGridCtrl::EnsureVisible(tag_HROW * row, tag_HCOLUMN * column)
     }
 }
 
+bool KGridCtrl::EditItem(tag_HROW * row, tag_HCOLUMN * column)
+{
+    IGCRow * const found = d->LocateSettled(row);
+    CGCColumn * const foundColumn = d->columns.find(column);
+    return found && foundColumn && d->EditCell(found, foundColumn);
+}
+
+bool KGridCtrl::EndEditItemNow(bool discard)
+{
+    return d->EndEdit(discard);
+}
+
 } // namespace zenu

@@ -2,6 +2,7 @@
 #include "zenu/grid/frame/RowGuard.h"
 
 #include "zenu/grid/editing/CItemEditor.h"
+#include "zenu/grid/editing/KItemLineEditor.h"
 #include "zenu/grid/handles/CFastLocator.h"
 #include "zenu/grid/handles/CSafeLocator.h"
 #include "zenu/grid/inner/SaturatedInt.h"
@@ -67,6 +68,8 @@ bool KGridCtrl::PrivateData::LeaveGrid()
     }
     toolTip.reset();
     textCache.setDevice(nullptr);
+    editor.reset();
+    KItemLineEditor::CloseAllOf(grid); // also one whose edit is just ending
     header->setNotification(nullptr);
     if (inUse) {
         header->setParent(nullptr);

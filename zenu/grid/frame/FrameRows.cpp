@@ -125,16 +125,22 @@ void KGridCtrl::PrivateData::ForgetRow(IGCRow * row)
 
 void KGridCtrl::PrivateData::ForgetCells(IGCRow const * row)
 {
-    for (HeldCell * const cell : {&hover, &pendingEdit, &edited}) {
+    for (HeldCell * const cell : {&hover, &pendingEdit}) {
         if (cell->row == row) {
             *cell = {};
         }
+    }
+    if (editor && edited.row == row) {
+        dropEditor();
     }
 }
 
 void KGridCtrl::PrivateData::ForgetAllCells()
 {
-    hover = pendingEdit = edited = {};
+    hover = pendingEdit = {};
+    if (editor) {
+        dropEditor();
+    }
 }
 
 void KGridCtrl::PrivateData::SetInnermostWatch(RowWatch * watch)

@@ -191,6 +191,21 @@ void KGridCtrl::PrivateData::freeTextsLeaving(int newTop)
     }
 }
 
+// The pixels of a child that stays where it is, as an open editor does, move along with the others:
+// it is painted anew, and so is the place where they went.
+void KGridCtrl::PrivateData::scrollPixels(int dx, int dy, QRect const & area)
+{
+    grid->scroll(dx, dy, area);
+    for (QObject * const child : grid->children()) {
+        auto const * const widget = qobject_cast<QWidget *>(child);
+        if (widget && widget->isVisible() && !widget->isWindow()) {
+            QRect const moved = widget->geometry() & area;
+            grid->update(moved);
+            grid->update(moved.translated(dx, dy) & area);
+        }
+    }
+}
+
 // Moves the pixels of the rows that stay and repaints the strip where rows come in. With
 // GCS_WHOLEROWS the display ends in a blank strip, so what lies below the old last row is painted
 // as well.
@@ -210,7 +225,7 @@ void KGridCtrl::PrivateData::scrollRows(int newTop)
     if (dy == 0 || inPaint) {
         Repaint(area); // a callback of the paint that runs: there is no picture to move yet
     } else if (std::llabs(dy) < area.height()) {
-        grid->scroll(0, static_cast<int>(dy), area);
+        scrollPixels(0, static_cast<int>(dy), area);
         int const common = std::min(oldLast, GetLastShownIndex());
         int const below = ViewTopOf(common) + ViewHeightAt(common);
         if (below <= client.bottom()) {
@@ -229,7 +244,7 @@ void KGridCtrl::PrivateData::scrollColumns(int newLeft)
     long long const dx = static_cast<long long>(hScrollPos) - newLeft;
     hScrollPos = newLeft;
     if (std::llabs(dx) < area.width() && !inPaint) {
-        grid->scroll(static_cast<int>(dx), 0, area);
+        scrollPixels(static_cast<int>(dx), 0, area);
     } else {
         Repaint(area);
     }

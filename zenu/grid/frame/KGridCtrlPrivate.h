@@ -243,6 +243,8 @@ public:
                   Event * event);
 
     // Editing: FrameEditing.cpp
+    // Moves focus and selection to the cell without a word, and StartEdit.
+    bool EditCell(IGCRow * row, CGCColumn * column);
     // Opens an editor over the cell; false when the cell can't be edited or the application
     // refuses.
     bool StartEdit(IGCRow * row, CGCColumn * column);
@@ -443,11 +445,18 @@ private:
                        bool wasSelected);
     void editPressed(CellGuard const & cell, unsigned element, bool wasSelected);
     void hoverTimeOut();
+    void endOpenEdit();
+    void revealCell(CellGuard const & cell);
+    CElementRects editorRects(CellGuard const & cell);
+    bool openEditor(CellGuard const & cell);
+    void dropEditor();
+    void flipCheckBox(IGCRow * row, tag_HCOLUMN * column, int value);
     int lastWholeIndex();
     int targetTop(int code, unsigned pos, int top);
     int targetLeft(int code, unsigned pos) const;
     bool wouldScroll(int hCode, int vCode, int newLeft, int newTop);
     void freeTextsLeaving(int newTop);
+    void scrollPixels(int dx, int dy, QRect const & area);
     void scrollRows(int newTop);
     void scrollColumns(int newLeft);
     IGCRow * nextInWalk(unsigned flags, tag_HROW * handle);
