@@ -53,6 +53,7 @@ KGridCtrl::PrivateData::~PrivateData()
 
 bool KGridCtrl::PrivateData::LeaveGrid()
 {
+    LoseDropMark();
     bool const inUse = watches || treeLocks != 0;
     tellAllRowsDie();
     for (RowWatch * watch = watches; watch; watch = watch->outer) {

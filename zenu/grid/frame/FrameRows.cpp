@@ -133,6 +133,7 @@ void KGridCtrl::PrivateData::ForgetCells(IGCRow const * row)
     if (editor && edited.row == row) {
         dropEditor();
     }
+    ForgetDropMark(row);
 }
 
 void KGridCtrl::PrivateData::ForgetAllCells()

@@ -241,6 +241,11 @@ public:
     template <typename Event>
     void TellDrag(void (IGridNotification::*tell)(Event *, tag_HROW *, tag_HCOLUMN *),
                   Event * event);
+    // Null hides the mark, GCI_FIRST stands for the line above all rows.
+    bool DrawDragIndicator(tag_HROW * row, bool after);
+    void ForgetDropMark(IGCRow const * row);
+    // The grid goes, and the mark with it.
+    void LoseDropMark();
 
     // Editing: FrameEditing.cpp
     // Moves focus and selection to the cell without a word, and StartEdit.
@@ -451,6 +456,8 @@ private:
     bool openEditor(CellGuard const & cell);
     void dropEditor();
     void flipCheckBox(IGCRow * row, tag_HCOLUMN * column, int value);
+    int dropLine(tag_HROW * row, int lastKnown);
+    void eraseDropMark();
     int lastWholeIndex();
     int targetTop(int code, unsigned pos, int top);
     int targetLeft(int code, unsigned pos) const;
