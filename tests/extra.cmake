@@ -24,6 +24,7 @@ endfunction()
 zenu_ratio_tests(surface)
 # An editor that lies still over a grid that scrolls; with a display server the focus really moves.
 zenu_ratio_tests(grid_editing)
+zenu_ratio_tests(grid_drag)
 
 # The explorer example is tested by its parts, and as the program that it is.
 if(TARGET tests_explorer)

@@ -300,6 +300,11 @@ public:
     /// Adds the row and moves the focus to it, or removes it. False for a bad handle and without
     /// columns on display.
     bool SetRowSel(tag_HROW * row, bool select);
+    /// Shows where a drop would go: below the row with `after`, else above it; above all rows for
+    /// GCI_FIRST. Null hides the mark. False for a bad handle and a row that is not in the visible
+    /// order. There is one mark in the process. It is drawn over the rows as they stand on the
+    /// screen, so hide it before you change them.
+    bool DrawDragIndicator(tag_HROW * row, bool after);
 
     /// @}
     /// \name Editing

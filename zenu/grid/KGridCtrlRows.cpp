@@ -368,4 +368,9 @@ bool KGridCtrl::SetRowSel(tag_HROW * row, bool select)
     return true;
 }
 
+bool KGridCtrl::DrawDragIndicator(tag_HROW * row, bool after)
+{
+    return d->DrawDragIndicator(row, after);
+}
+
 } // namespace zenu

@@ -44,16 +44,11 @@ void KGridCtrl::PrivateData::TellDrag(void (IGridNotification::*tell)(Event *, t
     }
 }
 
-template void KGridCtrl::PrivateData::TellDrag(void (IGridNotification::*)(QDragEnterEvent *,
-                                                                           tag_HROW *,
-                                                                           tag_HCOLUMN *),
-                                               QDragEnterEvent *);
-template void KGridCtrl::PrivateData::TellDrag(void (IGridNotification::*)(QDragMoveEvent *,
-                                                                           tag_HROW *,
-                                                                           tag_HCOLUMN *),
-                                               QDragMoveEvent *);
-template void KGridCtrl::PrivateData::TellDrag(void (IGridNotification::*)(QDropEvent *,
-                                                                           tag_HROW *,
+template void KGridCtrl::PrivateData::TellDrag(
+    void (IGridNotification::*)(QDragEnterEvent *, tag_HROW *, tag_HCOLUMN *), QDragEnterEvent *);
+template void KGridCtrl::PrivateData::TellDrag(
+    void (IGridNotification::*)(QDragMoveEvent *, tag_HROW *, tag_HCOLUMN *), QDragMoveEvent *);
+template void KGridCtrl::PrivateData::TellDrag(void (IGridNotification::*)(QDropEvent *, tag_HROW *,
                                                                            tag_HCOLUMN *),
                                                QDropEvent *);
 
@@ -103,11 +98,11 @@ bool KGridCtrl::PrivateData::DrawDragIndicator(tag_HROW * row, bool after)
     return true;
 }
 
-// The mark stays where it is, and nobody looks for its row any more.
+// Of the row, or of any with null: the mark stays where it is, and nobody looks for its row.
 void KGridCtrl::PrivateData::ForgetDropMark(IGCRow const * row)
 {
     DropMark & mark = dropMark();
-    if (mark.frame == this && mark.row == row->Handle()) {
+    if (mark.frame == this && (!row || mark.row == row->Handle())) {
         mark.row = nullptr;
     }
 }

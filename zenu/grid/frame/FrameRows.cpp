@@ -142,6 +142,7 @@ void KGridCtrl::PrivateData::ForgetAllCells()
     if (editor) {
         dropEditor();
     }
+    ForgetDropMark(nullptr);
 }
 
 void KGridCtrl::PrivateData::SetInnermostWatch(RowWatch * watch)
