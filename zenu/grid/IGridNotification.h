@@ -70,7 +70,8 @@ public:
     virtual void OnDragLeave(QDragLeaveEvent *) {}
     /// A drop on this cell.
     virtual void OnDrop(QDropEvent *, tag_HROW * /*row*/, tag_HCOLUMN * /*column*/) {}
-    /// Once, on the first mouse move after a left press: where an application starts a drag.
+    /// Once, on the first mouse move after a left press: where an application starts a drag. The
+    /// state is that of KEventMonitor::buttonState, so 0 unless the application has a monitor.
     virtual void OnHover(tag_HROW * /*row*/, tag_HCOLUMN * /*column*/, int /*buttonState*/) {}
     /// The user resized a column by its divider, to this width in pixels.
     virtual void OnColumnResized(tag_HCOLUMN * /*column*/, int /*width*/) {}

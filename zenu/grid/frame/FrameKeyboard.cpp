@@ -106,7 +106,9 @@ void KGridCtrl::PrivateData::searchKey(QKeyEvent const * event)
 {
     std::string const text = event->text().toLatin1().toStdString();
     CGCColumn * const column = ShownColumn(focusColumn);
-    if (text.empty() || !isLetterOrDigit(text.front()) || !column->HasFlag(GCCF_TYPEAHEAD)) {
+    // With Ctrl a key is a command, whether its text is a control character or the letter.
+    if (text.empty() || !isLetterOrDigit(text.front()) || !column->HasFlag(GCCF_TYPEAHEAD) ||
+        event->modifiers().testFlag(Qt::ControlModifier)) {
         return;
     }
     RowGuard const guard(this, nullptr);
@@ -264,7 +266,7 @@ void KGridCtrl::PrivateData::moveByKey(int key, Qt::KeyboardModifiers keys)
     CellGuard const cell(this, GetRowAt(row), ShownColumn(column));
     MoveFocus(row, column);
     if (cell.row() && row != fromRow) {
-        selectMovedTo(cell, fromRow, row, keys);
+        selectMovedTo(cell, fromRow, keys);
     }
     if (cell.row()) {
         EnsureRowVisible(cell.row());
@@ -274,7 +276,7 @@ void KGridCtrl::PrivateData::moveByKey(int key, Qt::KeyboardModifiers keys)
     }
 }
 
-void KGridCtrl::PrivateData::selectMovedTo(CellGuard const & cell, int from, int to,
+void KGridCtrl::PrivateData::selectMovedTo(CellGuard const & cell, int from,
                                            Qt::KeyboardModifiers keys)
 {
     IGCRow * const row = cell.row();
@@ -291,7 +293,7 @@ void KGridCtrl::PrivateData::selectMovedTo(CellGuard const & cell, int from, int
     }
     if (shift) {
         SetAnchor(from);
-        SelectRange(anchorIndex, to);
+        SelectRange(row);
     } else {
         SelectOnly({&row, 1});
     }

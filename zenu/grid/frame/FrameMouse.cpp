@@ -1,6 +1,7 @@
 #include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/grid/frame/RowGuard.h"
 
+#include "zenu/events/KEventMonitor.h"
 #include "zenu/grid/data/CheckState.h"
 
 #include <QMouseEvent>
@@ -78,8 +79,7 @@ bool KGridCtrl::PrivateData::selectByPress(CellGuard const & cell, Qt::KeyboardM
     IGCRow * const row = cell.row();
     bool const wasSelected = selection.contains(row);
     int const oldIndex = GetFocusedIndex();
-    int const index = IndexOf(row);
-    MoveFocus(index, ShownIndexOf(cell.column()));
+    MoveFocus(IndexOf(row), ShownIndexOf(cell.column()));
     if (!cell.hasCell()) {
         return wasSelected;
     }
@@ -93,11 +93,7 @@ bool KGridCtrl::PrivateData::selectByPress(CellGuard const & cell, Qt::KeyboardM
         }
     } else if (shift) {
         SetAnchor(oldIndex);
-        if (anchorIndex == -1) {
-            SelectOnly({&row, 1});
-        } else {
-            SelectRange(anchorIndex, index);
-        }
+        SelectRange(row);
     } else if (wasSelected) {
         SelectAlso(row);
     } else {
@@ -215,7 +211,7 @@ void KGridCtrl::PrivateData::PressRight(QMouseEvent const * event)
             return;
         }
     }
-    notifyClick(RightClick, hit, element);
+    notifyClick(RightClick, {cell.row(), cell.column()}, element);
 }
 
 // The first move after a press is where an application begins a drag.
@@ -229,7 +225,8 @@ void KGridCtrl::PrivateData::MoveMouse(QPoint const & point)
     pressState = PressState::Moves;
     Hit const hit = HitTest(point);
     if (guard.hasGrid() && hit.row && notification) {
-        notification->OnHover(hit.row->Handle(), hit.column->Handle(), 0);
+        notification->OnHover(hit.row->Handle(), hit.column->Handle(),
+                              KEventMonitor::buttonState());
     }
     if (guard.hasGrid()) {
         pressState = PressState::Idle;

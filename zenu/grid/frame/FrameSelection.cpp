@@ -179,9 +179,14 @@ void KGridCtrl::PrivateData::DeselectRow(IGCRow * row)
     }
 }
 
-void KGridCtrl::PrivateData::SelectRange(int from, int to)
+void KGridCtrl::PrivateData::SelectRange(IGCRow * row)
 {
-    auto const [first, last] = std::minmax(from, to);
+    int const to = IndexOf(row);
+    if (anchorIndex == -1 || to == -1) {
+        SelectOnly({&row, 1});
+        return;
+    }
+    auto const [first, last] = std::minmax(anchorIndex, to);
     std::vector<IGCRow *> scratch;
     RowSpan const span = GetRows(first, last - first + 1, scratch);
     std::vector<IGCRow *> rows(static_cast<std::size_t>(span.count()));

@@ -216,8 +216,9 @@ public:
     void SelectOnly(std::span<IGCRow * const> rows);
     void SelectAlso(IGCRow * row);
     void DeselectRow(IGCRow * row);
-    // The rows of the visible order between two indices, whichever is the lower.
-    void SelectRange(int from, int to);
+    // The rows of the visible order from the anchor to this one, whichever stands first; the row
+    // alone without an anchor, and when it is not in the order.
+    void SelectRange(IGCRow * row);
     // anchorIndex for a range that is extended: `start` if there is none.
     void SetAnchor(int start);
 
@@ -440,7 +441,7 @@ private:
     void expandByKey(bool ctrl, unsigned one, unsigned all);
     void invertSelection();
     void moveByKey(int key, Qt::KeyboardModifiers keys);
-    void selectMovedTo(CellGuard const & cell, int from, int to, Qt::KeyboardModifiers keys);
+    void selectMovedTo(CellGuard const & cell, int from, Qt::KeyboardModifiers keys);
     int lookForColumn(int from, int step) const;
     bool notifyClick(int kind, Hit const & hit, unsigned element);
     bool beginPress(QPoint const & point, Hit * hit, unsigned * element);
