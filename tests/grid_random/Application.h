@@ -3,6 +3,8 @@
 #include "zenu/grid/IGridNotification.h"
 #include "zenu/grid/ISlimGridCallback.h"
 
+#include <QKeyEvent>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -152,6 +154,14 @@ struct Event
         Expanding,
         Expanded,
         Selected,
+        Selecting, // `rows` are those that leave, with 0, and those that enter, with 1
+        FocusIn,
+        FocusOut,
+        Key,   // `param` is the key
+        Click, // `param` is 16 times the column's id, and the element
+        RightClick,
+        DoubleClick,
+        LeadClick,
         Asked,
         Created,
         Deleted
@@ -175,7 +185,9 @@ public:
     {
         expanding = bits & 0xff;
         scrolling = bits >> 8 & 0xff;
+        selecting = bits >> 16 & 0xff;
     }
+    bool allowsSelecting() { return next(selecting); }
     bool allowsExpanding() { return next(expanding); }
     bool allowsScrolling() { return next(scrolling); }
 
@@ -188,6 +200,7 @@ private:
     }
     unsigned expanding = 0;
     unsigned scrolling = 0;
+    unsigned selecting = 0;
 };
 
 // Sink and slim callback of the grid under test.
@@ -197,6 +210,7 @@ public:
     std::vector<Event> events;
     Vetoes vetoes;
     Source source;
+    bool stopsPresses = false;
     std::map<tag_HROW *, int> numbers; // of rows by handle, the last owner of each
 
     char const * textFor(tag_HROW * row, tag_HCOLUMN * column)
@@ -218,6 +232,46 @@ public:
     }
     void OnExpanded(tag_HROW * row) override { events.push_back({Event::Expanded, row}); }
     void OnSelectionChanged() override { events.push_back({Event::Selected}); }
+    bool OnSelectionChanging(zenu::GC_SELECTIONCHANGE * change) override
+    {
+        Event event{Event::Selecting};
+        for (int i = 0; i < change->deselectedCount; ++i) {
+            event.rows.emplace_back(change->deselected[i], 0);
+        }
+        for (int i = 0; i < change->selectedCount; ++i) {
+            event.rows.emplace_back(change->selected[i], 1);
+        }
+        events.push_back(event);
+        return vetoes.allowsSelecting();
+    }
+    void OnFocusIn() override { events.push_back({Event::FocusIn}); }
+    void OnFocusOut() override { events.push_back({Event::FocusOut}); }
+    void OnKeyPressed(QKeyEvent * event) override
+    {
+        events.push_back({Event::Key, nullptr, event->key()});
+    }
+    bool OnClick(tag_HROW * row, tag_HCOLUMN * column, unsigned element) override
+    {
+        recordPress(Event::Click, row, column, element);
+        return !stopsPresses;
+    }
+    bool OnRightClick(tag_HROW * row, tag_HCOLUMN * column, unsigned element) override
+    {
+        recordPress(Event::RightClick, row, column, element);
+        return !stopsPresses;
+    }
+    bool OnDoubleClick(tag_HROW * row, tag_HCOLUMN * column, unsigned element) override
+    {
+        recordPress(Event::DoubleClick, row, column, element);
+        return stopsPresses;
+    }
+    bool OnLeadClick(tag_HROW * row, tag_HCOLUMN * column, unsigned element) override
+    {
+        recordPress(Event::LeadClick, row, column, element);
+        return !stopsPresses;
+    }
+    // No edit starts and no box flips.
+    bool OnItemChanging(tag_HROW *, tag_HCOLUMN *) override { return true; }
 
     char const * GetItemText(tag_HROW *, long param, tag_HCOLUMN * column) override
     {
@@ -256,6 +310,10 @@ private:
     {
         kept = text.value_or("");
         return text ? kept.c_str() : nullptr;
+    }
+    void recordPress(Event::Type type, tag_HROW * row, tag_HCOLUMN * column, unsigned element)
+    {
+        events.push_back({type, row, idOf(column) * 16L + static_cast<long>(element)});
     }
     void record(Event::Type type, tag_HROW * row, long param, int count,
                 zenu::GC_SLIMROWDATA const * rows)

@@ -88,6 +88,7 @@ inline void Player::compareCounts()
     same("GetVisibleCount", {grid->GetVisibleCount(), ref.shownCount});
     same("GetSelectedCount",
          {grid->GetSelectedCount(), static_cast<long long>(ref.selection.size())});
+    same("the anchor", {grid->GetPriv().anchorIndex, ref.anchor});
     same("GetFocusedColumn", {Recorder::idOf(grid->GetFocusedColumn()), ref.focusedColumnId()});
 }
 

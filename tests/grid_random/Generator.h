@@ -21,7 +21,8 @@ public:
     {
         Setup drawn;
         constexpr unsigned styles[] = {zenu::GCS_NOHEADER, zenu::GCS_HORZLINES,
-                                       zenu::GCS_AUTOHSCROLL, zenu::GCS_WHOLEROWS};
+                                       zenu::GCS_AUTOHSCROLL, zenu::GCS_WHOLEROWS,
+                                       zenu::GCS_SINGLESEL};
         for (unsigned const style : styles) {
             drawn.style |= below(3) == 0 ? style : 0U;
         }
@@ -42,7 +43,7 @@ public:
             operation.args[i] = draw(info.args[i], player, operation.args);
         }
         if (below(3) == 0) {
-            operation.vetoes = bits(16, 4);
+            operation.vetoes = bits(24, 4);
         }
         operation.checked = below(4) >= pause;
         return operation;
@@ -168,7 +169,7 @@ inline int Generator::draw(Arg arg, Player const & player, Arguments const & arg
     case Arg::Column:
         return column(player.reference());
     case Arg::ColumnFlags:
-        return masked(0x5cfb, 6) | (below(8) == 0 ? 0x10 : 0);
+        return masked(0x5cff, 6) | (below(8) == 0 ? 0x10 : 0);
     case Arg::ColumnMask:
         return masked(0x3f, 3);
     case Arg::RowMask:
@@ -239,6 +240,14 @@ inline int Generator::drawSmall(Arg arg)
         return pick({0, 4});
     case Arg::BarStep:
         return below(4);
+    case Arg::Key:
+        return below(15);
+    case Arg::Modifiers:
+        return below(16);
+    case Arg::Point:
+        return below(8) == 0 ? pick({-1, 0, 1000}) : below(150);
+    case Arg::Button:
+        return below(3);
     default:
         return 0;
     }

@@ -63,7 +63,10 @@ enum class Action
     SetSink,
     SetSource,
     SetExStyle,
-    HitTest
+    HitTest,
+    PressKey,
+    PressMouse,
+    Focus
 };
 
 // What the numbers of an operation mean; they are drawn and printed by it.
@@ -102,7 +105,11 @@ enum class Arg
     Generation,
     ExStyle,
     BarStep,
-    Seed
+    Seed,
+    Key,
+    Modifiers,
+    Point,
+    Button
 };
 
 // Rows that are no rows, where an operation names one. Every other number is one of creation: the
@@ -126,7 +133,7 @@ struct Operation
     Action action = Action::InsertRow;
     Arguments args{};
     // Bit i of the low byte vetoes the i-th OnExpanding of the operation, of the next byte the i-th
-    // OnScrolling.
+    // OnScrolling, of the third the i-th OnSelectionChanging.
     unsigned vetoes = 0;
     bool checked = true; // everything is compared afterwards
 };
@@ -203,6 +210,9 @@ inline std::span<ActionInfo const> actionTable()
         {Action::SetSource, "SetSource", 10, {Generation}},
         {Action::SetExStyle, "SetExStyle", 1, {ExStyle}},
         {Action::HitTest, "HitTest", 12, {Position, Position}},
+        {Action::PressKey, "key", 120, {Key, Modifiers}},
+        {Action::PressMouse, "press", 90, {Point, Point, Button, Modifiers, Bool}},
+        {Action::Focus, "focus", 10, {Bool}},
     };
     return table;
 }

@@ -3,7 +3,7 @@
 #include "tests/grid_random/Operations.h"
 #include "tests/grid_random/ReferenceGrid.h"
 
-#include "zenu/grid/KGridCtrl.h"
+#include "zenu/grid/frame/KGridCtrlPrivate.h"
 #include "zenu/header/KHeader.h"
 
 #include <QApplication>
@@ -32,6 +32,8 @@ inline QWidget & host()
         auto * const made = new QWidget;
         made->resize(500, 400);
         made->show();
+        made->activateWindow();
+        (void)QTest::qWaitForWindowActive(made);
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, made, &QObject::deleteLater);
         return made;
     }();
@@ -86,13 +88,18 @@ private:
     void compareEvents() const;
     void adoptOrder();
 
-    // PlayerActions.h, PlayerControls.h
+    // PlayerActions.h, PlayerControls.h, PlayerInput.h
     void run(Operation const & operation);
     bool runRows(Action action, Args args);
     bool runRowData(Action action, Args args);
     bool runSelection(Action action, Args args);
     bool runColumns(Action action, Args args);
     bool runScrolling(Action action, Args args);
+    bool runInput(Action action, Args args);
+    void settleOrder();
+    void sendKey(int number, int keys);
+    void sendPress(QPoint const & point, int button, int keys, bool stops);
+    void sendFocus(bool in);
     void runRest(Action action, Args args);
     void insertRow(Args args, bool withRecord);
     void insertSlimRows(Args args);
@@ -140,12 +147,14 @@ inline Player::Player(Setup const & setup)
     // selects its first row.
     grid->setFocusPolicy(Qt::NoFocus);
     grid->show();
+    grid->setFocus(); // for good, so that no press brings it later
     grid->UpdateVisibleRows();
     ref.around.client = grid->getClientRect();
     ref.around.headerHeight = grid->getHeader()->height();
     ref.around.defaultHeight = grid->GetDefaultHeight();
     ref.around.wholeRows = (setup.style & zenu::GCS_WHOLEROWS) != 0;
     ref.around.autoScroll = (setup.style & zenu::GCS_AUTOHSCROLL) != 0;
+    ref.singleSelection = (setup.style & zenu::GCS_SINGLESEL) != 0;
     ref.updateVerticalBar();
     ref.updateHorizontalBar();
     if (setup.fast) {
@@ -258,9 +267,11 @@ inline QString Player::nameOf(tag_HROW * row) const
 
 inline QString Player::nameOf(Event const & event) const
 {
-    static char const * const types[] = {"OnScrolling",      "OnScrolled",         "OnExpanding",
-                                         "OnExpanded",       "OnSelectionChanged", "GetSubRows",
-                                         "OnSubRowsCreated", "OnSubRowsDeleted"};
+    static char const * const types[] = {
+        "OnScrolling",         "OnScrolled",    "OnExpanding", "OnExpanded",   "OnSelectionChanged",
+        "OnSelectionChanging", "OnFocusIn",     "OnFocusOut",  "OnKeyPressed", "OnClick",
+        "OnRightClick",        "OnDoubleClick", "OnLeadClick", "GetSubRows",   "OnSubRowsCreated",
+        "OnSubRowsDeleted"};
     QString text = QLatin1String(types[event.type]);
     if (!event.isOfScrolling() || event.row) {
         text += QStringLiteral("(%1)").arg(nameOf(event.row));
@@ -339,3 +350,4 @@ inline void Player::adoptOrder()
 #include "tests/grid_random/Comparison.h"
 #include "tests/grid_random/PlayerActions.h"
 #include "tests/grid_random/PlayerControls.h"
+#include "tests/grid_random/PlayerInput.h"

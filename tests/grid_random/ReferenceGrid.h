@@ -69,6 +69,9 @@ public:
     std::set<tag_HROW *, std::less<>> selection;
     ReferenceRow * focusRow = nullptr;
     int focusColumn = -1;
+    int anchor = -1;
+    std::string typeAhead;
+    bool singleSelection = false;
     std::map<ReferenceRow const *, int> heights;
 
     std::vector<ReferenceColumn> columns; // by place
@@ -169,6 +172,21 @@ public:
     void moveFocus(int rowIndex, int columnIndex);
     void clearFocus();
 
+    // Keys, presses and focus: ReferenceInput.h
+    struct Pressed
+    {
+        ReferenceRow * row = nullptr;
+        int columnId = -1;
+        unsigned element = 0;
+        bool shift = false;
+        bool ctrl = false;
+        bool stops = false; // as the application answers
+    };
+    void key(int key, bool shift, bool ctrl);
+    void press(Event::Type type, Pressed const & at);
+    void gainFocus();
+    void loseFocus() { tell(Event::FocusOut); }
+
     // Walks: ReferenceWalks.h
     tag_HROW * nextRow(unsigned flags, tag_HROW * handle);
     std::pair<tag_HROW *, int> hitTest(QPoint const & point);
@@ -224,6 +242,18 @@ private:
     void rebuildColumns();
     void placeColumns();
     int shownIndexOf(int id) const;
+    bool asksForChange(std::vector<tag_HROW *> const & leaving,
+                       std::vector<tag_HROW *> const & entering);
+    void selectOnly(std::vector<tag_HROW *> const & rows);
+    void selectAlso(tag_HROW * row);
+    void deselectRow(tag_HROW * row);
+    void selectRange(int start, int to);
+    bool matches(int index, int columnId, std::string const & prefix);
+    void search(std::string const & prefix);
+    void moveByKey(int key, bool shift, bool ctrl);
+    int columnMarked(int from, int step);
+    void tellPress(Event::Type type, Pressed const & at, unsigned element);
+    bool selectByPress(Event::Type type, Pressed const & at);
     void dropWalks();
     tag_HROW * sibling(ReferenceRow & row, int direction);
     tag_HROW * nextSelected(tag_HROW * given);
@@ -253,6 +283,7 @@ inline bool ReferenceGrid::tellScrolling(tag_HROW * row)
 
 #include "tests/grid_random/ReferenceColumns.h"
 #include "tests/grid_random/ReferenceData.h"
+#include "tests/grid_random/ReferenceInput.h"
 #include "tests/grid_random/ReferenceOrder.h"
 #include "tests/grid_random/ReferenceScroll.h"
 #include "tests/grid_random/ReferenceSlim.h"
