@@ -32,6 +32,14 @@ if(TARGET tests_explorer)
     target_compile_definitions(tests_explorer PRIVATE
                                ZENU_EXPLORER="$<TARGET_FILE:zenu_explorer>")
     add_dependencies(tests_explorer zenu_explorer)
+    # A walk with real events, which skips itself without xdotool.
+    if(XVFB_RUN)
+        add_test(NAME explorer_walk COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24"
+                 $<TARGET_FILE:tests_explorer> -class tst_Walk)
+        set_tests_properties(explorer_walk PROPERTIES
+            ENVIRONMENT "${zenu_test_environment};QT_QPA_PLATFORM=xcb"
+            TIMEOUT 600 RESOURCE_LOCK display_server)
+    endif()
 endif()
 
 # The grid's scrolled picture at the ratios where a blit falls between device pixels or is refused,

@@ -1,10 +1,15 @@
 #include "examples/explorer/ExplorerGrid.h"
 
+#include "examples/explorer/ExplorerDrag.h"
+#include "examples/explorer/HeaderClicks.h"
 #include "examples/explorer/rows/Icons.h"
 
 #include <zenu/header/KHeader.h>
 
 #include <QApplication>
+#include <QChildEvent>
+#include <QLineEdit>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -18,10 +23,11 @@ namespace {
 constexpr int rightAligned = 2; // in the format of a column
 constexpr int smallestName = 160;
 constexpr int smallestColumn = 40;
+constexpr int largestColumn = 10000;
 constexpr int rowMargin = 5;    // pixels above and below a text
 constexpr int wheelNotch = 120; // eighths of a degree
-constexpr unsigned gridStyle =
-    zenu::GCS_FULLROWSELECT | zenu::GCS_SHOWSELALWAYS | zenu::GCS_SINGLESEL;
+constexpr unsigned gridStyle = zenu::GCS_FULLROWSELECT | zenu::GCS_SHOWSELALWAYS;
+constexpr unsigned stopsByKey = 0x4; // of a column: Left and Right go from one such to the next
 
 struct ColumnLook
 {
@@ -33,11 +39,13 @@ struct ColumnLook
 };
 
 constexpr ColumnLook looks[columnCount] = {
-    {"Name", 40, zenu::GCCK_TEXTWITHICON, 0, zenu::GCCF_TREE | zenu::GCCF_TREELINES},
+    {"Name", 40, zenu::GCCK_TEXTWITHICON, 0,
+     zenu::GCCF_TREE | zenu::GCCF_TREELINES | zenu::GCCF_EDITABLE | zenu::GCCF_DELAYEDEDIT |
+         zenu::GCCF_TYPEAHEAD | stopsByKey},
     {"Size\xa0", 14, zenu::GCCK_TEXT, rightAligned, 0},
     {"Kind", 22, zenu::GCCK_TEXT, 0, 0},
     {"Modified", 22, zenu::GCCK_TEXT, 0, 0},
-    {"Runs", 6, zenu::GCCK_CHECKBOX, 0, 0},
+    {"Runs", 6, zenu::GCCK_CHECKBOX, 0, stopsByKey},
 };
 
 QColor mix(QColor const & a, QColor const & b, double part)
@@ -53,7 +61,9 @@ QColor mix(QColor const & a, QColor const & b, double part)
 
 ExplorerGrid::ExplorerGrid(QWidget * parent)
     : KGridCtrl(parent, 0, "files", 0, gridStyle)
+    , drags(new ExplorerDrag(this))
 {
+    SetGridExStyle(zenu::GCXS_HEADERDRAG);
     setFocusPolicy(Qt::StrongFocus);
     setVScrollBarMode(AlwaysOn);
     setHScrollBarMode(AsNeeded);
@@ -61,6 +71,16 @@ ExplorerGrid::ExplorerGrid(QWidget * parent)
     setIcons();
     setColors();
     addColumns();
+    watchHeader();
+}
+
+void ExplorerGrid::watchHeader()
+{
+    auto * const clicks = new HeaderClicks(getHeader());
+    connect(clicks, &HeaderClicks::clicked, this,
+            [this](int item) { Q_EMIT headerClicked(columnOf(HeaderItem2Column(item))); });
+    connect(clicks, &HeaderClicks::dividerDoubleClicked, this,
+            [this](int item) { Q_EMIT dividerDoubleClicked(columnOf(HeaderItem2Column(item))); });
 }
 
 void ExplorerGrid::addColumns()
@@ -122,46 +142,32 @@ zenu::tag_HROW * ExplorerGrid::currentRow() const
     return GetNextRow(zenu::GCN_FOCUSED);
 }
 
+void ExplorerGrid::selectOnly(zenu::tag_HROW * row)
+{
+    if (row) {
+        ClearSelection();
+        SetRowSel(row, true);
+    }
+}
+
 void ExplorerGrid::setCurrentRow(zenu::tag_HROW * row)
 {
-    ClearSelection();
-    SetRowSel(row, true);
+    selectOnly(row);
     EnsureVisible(row, zenu::GC_NOCOLUMN);
 }
 
-void ExplorerGrid::moveCurrentRow(int steps)
+QRect ExplorerGrid::rowsRect() const
 {
-    zenu::tag_HROW * row = currentRow();
-    for (; row && steps < 0; ++steps) {
-        zenu::tag_HROW * const previous = GetNextRow(zenu::GCN_VISIBLE_PREV, row);
-        row = previous ? previous : row;
-    }
-    for (; row && steps > 0; --steps) {
-        row = rowBelow(row);
-    }
-    setCurrentRow(row);
-}
-
-// The row that is drawn below, which the grid has to show for that; the row itself at the end.
-zenu::tag_HROW * ExplorerGrid::rowBelow(zenu::tag_HROW * row)
-{
-    EnsureVisible(row, zenu::GC_NOCOLUMN);
-    if (row == GetBottomIndex()) {
-        OnScroll(ScrollNothing, ScrollLineForward, 0, true);
-    }
-    QRect place;
-    zenu::tag_HROW * below = nullptr;
-    GetRowRect(row, &place);
-    int const height = static_cast<int>(GetRowHeight(row));
-    HitTest(QPoint(1, place.top() + height), &below, nullptr);
-    return below ? below : row;
+    QRect rows = getClientRect();
+    rows.setTop(getHeader()->height());
+    return rows;
 }
 
 void ExplorerGrid::sortBy(Column column, bool ascending)
 {
     sorting.column = column;
     sorting.ascending = ascending;
-    if (column == Column::Name && ascending) {
+    if (column == Column::Name && ascending && (!sorting.rows || sorting.rows->isInNameOrder())) {
         Sort(nullptr);
     } else {
         Sort(compareRows, reinterpret_cast<long>(&sorting));
@@ -177,8 +183,34 @@ void ExplorerGrid::sortBy(Column column, bool ascending)
 void ExplorerGrid::fitColumns()
 {
     for (int i = 0; i < columnCount; ++i) {
-        zenu::tag_HCOLUMN * const column = handleOf(static_cast<Column>(i));
-        SetColumnWidth(column, std::max(BestFit(column), smallestColumn));
+        fitColumn(static_cast<Column>(i));
+    }
+}
+
+void ExplorerGrid::fitColumn(Column column)
+{
+    zenu::tag_HCOLUMN * const handle = handleOf(column);
+    SetColumnWidth(handle, std::max(BestFit(handle), smallestColumn));
+    stretches = false;
+}
+
+QList<int> ExplorerGrid::columnWidths() const
+{
+    QList<int> widths;
+    for (int i = 0; i < columnCount && !stretches; ++i) {
+        widths += GetColumnWidth(handleOf(static_cast<Column>(i)));
+    }
+    return widths;
+}
+
+void ExplorerGrid::setColumnWidths(QList<int> const & widths)
+{
+    auto const isWidth = [](int width) { return width >= 0 && width <= largestColumn; };
+    if (widths.size() != columnCount || !std::ranges::all_of(widths, isWidth)) {
+        return;
+    }
+    for (int i = 0; i < columnCount; ++i) {
+        SetColumnWidth(handleOf(static_cast<Column>(i)), widths[i]);
     }
     stretches = false;
 }
@@ -191,6 +223,77 @@ void ExplorerGrid::OnExpanded(zenu::tag_HROW *)
 void ExplorerGrid::OnSelectionChanged()
 {
     Q_EMIT rowsChanged();
+}
+
+bool ExplorerGrid::OnSelectionChanging(zenu::GC_SELECTIONCHANGE * change)
+{
+    return drags->maySelect(*change);
+}
+
+// No edit may open under a drag, and true vetoes.
+bool ExplorerGrid::OnItemChanging(zenu::tag_HROW * row, zenu::tag_HCOLUMN * column)
+{
+    return drags->isDragging() || !mayEdit || !mayEdit(row, columnOf(column));
+}
+
+void ExplorerGrid::OnKeyPressed(QKeyEvent * event)
+{
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier &&
+        GetFocusedColumn() == handleOf(Column::Executable)) {
+        event->accept();
+        Q_EMIT flipWanted();
+    }
+}
+
+bool ExplorerGrid::OnClick(zenu::tag_HROW * row, zenu::tag_HCOLUMN *, unsigned element)
+{
+    drags->press(row, element);
+    return true;
+}
+
+// A menu that opened within the press would take the release.
+bool ExplorerGrid::OnRightClick(zenu::tag_HROW *, zenu::tag_HCOLUMN *, unsigned)
+{
+    QTimer::singleShot(0, this, [this] { Q_EMIT menuWanted(mapToGlobal(pressPoint)); });
+    return true;
+}
+
+// The second press on a check box or an expand button is the grid's as the first was.
+bool ExplorerGrid::OnDoubleClick(zenu::tag_HROW * row, zenu::tag_HCOLUMN *, unsigned element)
+{
+    if (element == zenu::GCEL_CHECK || element == zenu::GCEL_BUTTON) {
+        return false;
+    }
+    if (row) {
+        selectOnly(row);
+        Q_EMIT rowDoubleClicked();
+    }
+    return true;
+}
+
+void ExplorerGrid::OnHover(zenu::tag_HROW *, zenu::tag_HCOLUMN *, int)
+{
+    drags->begin();
+}
+
+void ExplorerGrid::OnDragEnter(QDragEnterEvent * event, zenu::tag_HROW * row, zenu::tag_HCOLUMN *)
+{
+    drags->enter(event, row);
+}
+
+void ExplorerGrid::OnDragMove(QDragMoveEvent * event, zenu::tag_HROW * row, zenu::tag_HCOLUMN *)
+{
+    drags->moveOver(event, row);
+}
+
+void ExplorerGrid::OnDragLeave(QDragLeaveEvent *)
+{
+    drags->leave();
+}
+
+void ExplorerGrid::OnDrop(QDropEvent * event, zenu::tag_HROW * row, zenu::tag_HCOLUMN *)
+{
+    drags->drop(event, row);
 }
 
 void ExplorerGrid::OnColumnResized(zenu::tag_HCOLUMN *, int)
@@ -226,13 +329,56 @@ void ExplorerGrid::wheelEvent(QWheelEvent * event)
     event->accept();
 }
 
-// A window that moves to another screen may need sharper icons.
+void ExplorerGrid::mousePressEvent(QMouseEvent * event)
+{
+    pressPoint = event->position().toPoint();
+    KGridCtrl::mousePressEvent(event);
+    // Elsewhere in the row means the row, and letters that are typed then its name.
+    if (currentRow() && GetFocusedColumn() != handleOf(Column::Executable)) {
+        SetFocusedColumn(handleOf(Column::Name));
+    }
+}
+
+// The grid tells of the first move after a press, and no hand is that steady: it hears of a move
+// when it is one.
+void ExplorerGrid::mouseMoveEvent(QMouseEvent * event)
+{
+    int const distance = (event->position().toPoint() - pressPoint).manhattanLength();
+    if (event->buttons() == Qt::NoButton || distance >= QApplication::startDragDistance()) {
+        KGridCtrl::mouseMoveEvent(event);
+    }
+}
+
+void ExplorerGrid::mouseReleaseEvent(QMouseEvent * event)
+{
+    KGridCtrl::mouseReleaseEvent(event);
+    drags->release();
+}
+
+// That of the mouse has come as a right click.
+void ExplorerGrid::contextMenuEvent(QContextMenuEvent * event)
+{
+    zenu::tag_HROW * const row = currentRow();
+    if (event->reason() != QContextMenuEvent::Mouse && row) {
+        QRect place;
+        GetItemRect(row, handleOf(Column::Name), &place);
+        Q_EMIT menuWanted(mapToGlobal(QPoint(place.left() + place.height(), place.bottom())));
+    }
+}
+
+// A window that moves to another screen may need sharper icons. An editor is a child that is
+// polished when it is shown.
 bool ExplorerGrid::event(QEvent * event)
 {
     if (event->type() == QEvent::ScreenChangeInternal) {
         setIcons();
     } else if (event->type() == QEvent::PaletteChange) {
         setColors();
+    } else if (event->type() == QEvent::ChildPolished) {
+        auto * const child = static_cast<QChildEvent *>(event)->child();
+        if (auto * const editor = qobject_cast<QLineEdit *>(child)) {
+            Q_EMIT editorOpened(editor);
+        }
     }
     return KGridCtrl::event(event);
 }

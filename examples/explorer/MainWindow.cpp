@@ -1,6 +1,9 @@
 #include "examples/explorer/MainWindow.h"
 
+#include "examples/explorer/ExplorerDrag.h"
+#include "examples/explorer/ExplorerEdits.h"
 #include "examples/explorer/ExplorerGrid.h"
+#include "examples/explorer/KeptLook.h"
 #include "examples/explorer/Memory.h"
 #include "examples/explorer/rows/ComputedRows.h"
 #include "examples/explorer/rows/FileRows.h"
@@ -15,7 +18,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
-#include <QMenuBar>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -27,6 +30,7 @@ namespace {
 constexpr QSize startSize(1000, 680);
 constexpr int labelMargin = 6;
 constexpr unsigned mostFittedRows = 1'000'000;
+constexpr int messageTime = 10'000; // milliseconds
 
 // Home as "~", the way people write it.
 QString shortPath(std::string const & path)
@@ -41,33 +45,52 @@ QString shortPath(std::string const & path)
 
 MainWindow::MainWindow()
     : files(new ExplorerGrid(this))
+    , edits(new ExplorerEdits(files))
 {
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     resize(startSize);
     setCentralWidget(files);
-    tools = addToolBar(QStringLiteral("Tree"));
-    tools->setMovable(false);
-    addFileActions();
-    addTreeActions();
-    addSortActions();
-    addGoActions();
+    addActions();
     addStatusLine();
     connect(files, &ExplorerGrid::rowsChanged, this, &MainWindow::updateStatusSoon);
+    connect(files, &ExplorerGrid::headerClicked, this, &MainWindow::sort);
+    connect(files, &ExplorerGrid::dividerDoubleClicked, this, &MainWindow::fitColumn);
+    connect(files, &ExplorerGrid::rowDoubleClicked, this, &MainWindow::openRow);
+    connect(edits, &ExplorerEdits::told, this, &MainWindow::tell);
+    connect(edits, &ExplorerEdits::undoChanged, this, &MainWindow::updateUndo);
+    files->drag()->setPathOf([this](zenu::tag_HROW * row) { return pathOf(row); });
+    files->drag()->setCanDrag([this](zenu::tag_HROW * row) { return edits->isChangeable(row); });
+    connect(files->drag(), &ExplorerDrag::dropped, edits, &ExplorerEdits::askToMove);
     files->setFocus();
 }
 
 // The grid goes first: it asks its source as long as it has rows.
 MainWindow::~MainWindow()
 {
+    if (settings) {
+        keepLook(*files, *settings);
+    }
+    edits->setTree(nullptr);
     delete files;
+}
+
+void MainWindow::keepLookIn(std::unique_ptr<QSettings> keptSettings)
+{
+    settings = std::move(keptSettings);
+    if (settings) {
+        restoreLook(*files, *settings);
+        columns->actions().at(static_cast<int>(files->sortColumn()))->setChecked(true);
+    }
 }
 
 void MainWindow::showDirectory(std::string const & path)
 {
     directory = path;
     auto newTree = std::make_unique<FileTree>(path);
-    auto source = std::make_unique<FileRows>(newTree.get());
+    auto source = std::make_unique<FileRows>(newTree.get(), edits);
+    edits->setTree(nullptr);
     showSource(std::move(source), path);
+    edits->setTree(newTree.get());
     tree = std::move(newTree);
 }
 
@@ -75,6 +98,7 @@ void MainWindow::showRows(int count)
 {
     directory.clear();
     rowCount = count;
+    edits->setTree(nullptr);
     showSource(std::make_unique<ComputedRows>(count), countText(count) + " rows");
 }
 
@@ -94,87 +118,6 @@ void MainWindow::showSource(std::unique_ptr<RowSource> source, std::string const
     updateStatusSoon();
 }
 
-QAction * MainWindow::addAction(QMenu * menu, char const * text, QKeySequence const & keys,
-                                Step step)
-{
-    QAction * const action = menu->addAction(QString::fromLatin1(text), this, std::move(step));
-    action->setShortcut(keys);
-    return action;
-}
-
-void MainWindow::addFileActions()
-{
-    QMenu * const menu = menuBar()->addMenu(QStringLiteral("&File"));
-    tools->addAction(addAction(menu, "&Open", Qt::Key_Return, [this] { openCurrent(); }));
-    tools->addAction(addAction(menu, "&Parent", Qt::ALT | Qt::Key_Up, [this] { openParent(); }));
-    tools->addAction(addAction(menu, "&Reload", Qt::Key_F5, [this] { reload(); }));
-    menu->addSeparator();
-    addAction(menu, "&Quit", Qt::CTRL | Qt::Key_Q, [this] { close(); });
-    tools->addSeparator();
-}
-
-void MainWindow::addTreeActions()
-{
-    QMenu * const menu = menuBar()->addMenu(QStringLiteral("&Tree"));
-    tools->addAction(
-        addAction(menu, "&Expand", Qt::Key_Right, [this] { openCurrentRow(zenu::GCE_EXPAND); }));
-    tools->addAction(
-        addAction(menu, "&Collapse", Qt::Key_Left, [this] { openCurrentRow(zenu::GCE_COLLAPSE); }));
-    tools->addAction(
-        addAction(menu, "Expand &all", Qt::CTRL | Qt::Key_Right, [this] { expandAll(); }));
-    tools->addAction(addAction(menu, "Collapse a&ll", Qt::CTRL | Qt::Key_Left, [this] {
-        timed("All collapsed", [this] { files->Expand(nullptr, zenu::GCE_COLLAPSEALL); });
-    }));
-    menu->addSeparator();
-    tools->addSeparator();
-    tools->addAction(
-        addAction(menu, "&Fit columns", Qt::CTRL | Qt::Key_F, [this] { fitColumns(); }));
-}
-
-void MainWindow::addSortActions()
-{
-    QMenu * const menu = menuBar()->addMenu(QStringLiteral("&Sort"));
-    columns = new QActionGroup(this);
-    addSortAction(menu, "By &name", Column::Name);
-    addSortAction(menu, "By &size", Column::Size);
-    addSortAction(menu, "By &kind", Column::Kind);
-    addSortAction(menu, "By date &modified", Column::Modified);
-    addSortAction(menu, "By what &runs", Column::Executable);
-    menu->addSeparator();
-    addAction(menu, "&Turn round", Qt::CTRL | Qt::Key_T, [this] { sort(files->sortColumn()); });
-}
-
-// The key of a column that the rows are sorted by turns the order round.
-void MainWindow::addSortAction(QMenu * menu, char const * text, Column column)
-{
-    int const number = static_cast<int>(column);
-    QAction * const action = addAction(menu, text, Qt::CTRL | Qt::Key(Qt::Key_1 + number),
-                                       [this, column] { sort(column); });
-    action->setCheckable(true);
-    action->setChecked(column == Column::Name);
-    columns->addAction(action);
-}
-
-void MainWindow::addGoActions()
-{
-    QMenu * const menu = menuBar()->addMenu(QStringLiteral("&Go"));
-    addAction(menu, "&Next row", Qt::Key_Down, [this] { files->moveCurrentRow(1); });
-    addAction(menu, "&Previous row", Qt::Key_Up, [this] { files->moveCurrentRow(-1); });
-    menu->addSeparator();
-    addScrollAction(menu, "Page &down", Qt::Key_PageDown, zenu::KScrolledWidget::ScrollPageForward);
-    addScrollAction(menu, "Page &up", Qt::Key_PageUp, zenu::KScrolledWidget::ScrollPageBack);
-    addScrollAction(menu, "To the &top", Qt::Key_Home, zenu::KScrolledWidget::ScrollToBegin);
-    addScrollAction(menu, "To the &end", Qt::Key_End, zenu::KScrolledWidget::ScrollToEnd);
-}
-
-void MainWindow::addScrollAction(QMenu * menu, char const * text, QKeySequence const & keys,
-                                 int code)
-{
-    addAction(menu, text, keys, [this, code] {
-        files->OnScroll(zenu::KScrolledWidget::ScrollNothing, code, 0, true);
-    });
-}
-
 void MainWindow::addStatusLine()
 {
     place = new QLabel(this);
@@ -190,22 +133,29 @@ void MainWindow::addStatusLine()
     statusBar()->addPermanentWidget(counts);
 }
 
-std::string MainWindow::currentPath() const
+std::string MainWindow::pathOf(zenu::tag_HROW * row) const
 {
-    zenu::tag_HROW * const row = files->currentRow();
-    if (!row || !tree) {
-        return std::string();
-    }
-    auto const param = static_cast<long>(files->GetRowParam(row));
-    return param < 0 ? fixedRows.path(param) : tree->path(static_cast<FileTree::Index>(param));
+    long const param = row ? static_cast<long>(files->GetRowParam(row)) : 0;
+    return param < 0 ? fixedRows.path(param) : edits->pathOf(row);
 }
 
 // Places, volumes and directories become the top of the tree.
 void MainWindow::openCurrent()
 {
-    std::string const path = directory.empty() ? std::string() : currentPath();
+    std::string const path = pathOf(files->currentRow());
     if (isDirectory(path)) {
         showDirectory(path);
+    }
+}
+
+// Twice on a directory opens or closes it where it is.
+void MainWindow::openRow()
+{
+    zenu::tag_HROW * const row = files->currentRow();
+    if (static_cast<long>(files->GetRowParam(row)) < 0) {
+        QTimer::singleShot(0, this, &MainWindow::openCurrent);
+    } else {
+        files->Expand(row, zenu::GCE_TOGGLE);
     }
 }
 
@@ -231,13 +181,32 @@ void MainWindow::expandAll()
 }
 
 // Fitting measures every text of every row, so it is left out where that would take minutes.
+bool MainWindow::areTooManyToFit()
+{
+    bool const tooMany = files->GetExpandedCount() > mostFittedRows;
+    if (tooMany) {
+        time->setText(QStringLiteral("Too many rows to fit columns"));
+    }
+    return tooMany;
+}
+
 void MainWindow::fitColumns()
 {
-    if (files->GetExpandedCount() > mostFittedRows) {
-        time->setText(QStringLiteral("Too many rows to fit columns"));
-    } else {
+    if (!areTooManyToFit()) {
         timed("Columns fitted", [this] { files->fitColumns(); });
     }
+}
+
+void MainWindow::fitColumn(Column column)
+{
+    if (!areTooManyToFit()) {
+        timed("Column fitted", [this, column] { files->fitColumn(column); });
+    }
+}
+
+void MainWindow::tell(QString const & message)
+{
+    statusBar()->showMessage(message, messageTime);
 }
 
 void MainWindow::reload()
@@ -285,7 +254,7 @@ void MainWindow::updateStatus()
     statusIsOld = false;
     zenu::tag_HROW * const row = files->currentRow();
     long const param = row ? static_cast<long>(files->GetRowParam(row)) : -1;
-    place->setText(shortPath(param < 0 ? currentPath() : rows->describe(param)));
+    place->setText(shortPath(param < 0 ? pathOf(row) : rows->describe(param)));
     std::string memory;
     sizeText(residentBytes(), memory);
     counts->setText(

@@ -14,10 +14,12 @@ class QAction;
 class QActionGroup;
 class QLabel;
 class QMenu;
+class QSettings;
 class QToolBar;
 
 namespace explorer {
 
+class ExplorerEdits;
 class ExplorerGrid;
 
 /// The window: the grid, an action for everything that it can do, and a status line that tells
@@ -36,6 +38,9 @@ public:
     /// Opens every row that has children.
     void expandAll();
 
+    /// Takes the columns' widths and the order from settings, and writes them there in the end.
+    void keepLookIn(std::unique_ptr<QSettings> keptSettings);
+
     ExplorerGrid * grid() const { return files; }
     /// Brings the status line up to date at once; it follows by itself a moment after a change.
     void updateStatus();
@@ -44,33 +49,49 @@ private:
     using Step = std::function<void()>;
 
     QAction * addAction(QMenu * menu, char const * text, QKeySequence const & keys, Step step);
+    void addActions();
     void addFileActions();
+    void addEditActions();
     void addTreeActions();
     void addSortActions();
-    void addGoActions();
-    void addScrollAction(QMenu * menu, char const * text, QKeySequence const & keys, int code);
     void addSortAction(QMenu * menu, char const * text, Column column);
+    void addRowMenu();
+    void updateRowActions();
+    void enableRowActions();
+    void updateUndo();
     void addStatusLine();
 
     void showSource(std::unique_ptr<RowSource> source, std::string const & title);
     void openCurrent();
+    void openRow();
     void openParent();
     void openCurrentRow(unsigned code);
     void fitColumns();
     void reload();
     void sort(Column column);
+    void fitColumn(Column column);
+    bool areTooManyToFit();
+    void tell(QString const & message);
     void timed(char const * what, Step const & step);
     void updateStatusSoon();
-    std::string currentPath() const;
+    std::string pathOf(zenu::tag_HROW * row) const;
 
     std::string directory; // empty for computed rows
     int rowCount = 0;      // of computed rows
     FixedRows fixedRows;
     std::unique_ptr<FileTree> tree;
     std::unique_ptr<RowSource> rows;
+    std::unique_ptr<QSettings> settings;
     ExplorerGrid * files;
+    ExplorerEdits * edits;
     QToolBar * tools = nullptr;
     QActionGroup * columns = nullptr;
+    QMenu * rowMenu = nullptr;
+    QAction * openAction = nullptr;
+    QAction * renameAction = nullptr;
+    QAction * runsAction = nullptr;
+    QAction * undoAction = nullptr;
+    QAction * reloadAction = nullptr;
     QLabel * place = nullptr;
     QLabel * time = nullptr;
     QLabel * counts = nullptr;

@@ -56,12 +56,12 @@ void readRows(char const * value, Options & options)
     }
 }
 
-void readPicture(char const * value, Options & options)
+void readFile(char const * option, char const * value, std::string & file, Options & options)
 {
     if (value && *value) {
-        options.picture = value;
+        file = value;
     } else {
-        options.error = "--picture takes the name of a file";
+        options.error = std::string(option) + " takes the name of a file";
     }
 }
 
@@ -80,10 +80,14 @@ Options readOptions(int argc, char const * const * argv)
             options.help = true;
         } else if (!onlyNames && argument == "--expand-all") {
             options.expandAll = true;
+        } else if (!onlyNames && argument == "--no-settings") {
+            options.noSettings = true;
         } else if (!onlyNames && arguments.isOption("--rows", &value)) {
             readRows(value, options);
         } else if (!onlyNames && arguments.isOption("--picture", &value)) {
-            readPicture(value, options);
+            readFile("--picture", value, options.picture, options);
+        } else if (!onlyNames && arguments.isOption("--settings", &value)) {
+            readFile("--settings", value, options.settings, options);
         } else if (!onlyNames && argument.size() > 1 && argument.front() == '-') {
             options.error = "unknown option " + std::string(argument);
         } else if (!options.directory.empty() || argument.empty()) {
@@ -98,13 +102,16 @@ Options readOptions(int argc, char const * const * argv)
 char const * usage()
 {
     return "Usage: zenu_explorer [DIRECTORY] [--rows N] [--expand-all] [--picture FILE]\n"
+           "                     [--settings FILE | --no-settings]\n"
            "\n"
            "Shows the tree of DIRECTORY, by default your home directory.\n"
            "\n"
            "  --rows N        shows N computed rows instead, try 10000000\n"
            "  --expand-all    opens the whole tree\n"
            "  --picture FILE  draws one frame into FILE and leaves; needs no display with\n"
-           "                  QT_QPA_PLATFORM=offscreen\n";
+           "                  QT_QPA_PLATFORM=offscreen\n"
+           "  --settings FILE keeps the columns' widths and the order in FILE\n"
+           "  --no-settings   keeps and remembers nothing; pictures do neither\n";
 }
 
 } // namespace explorer

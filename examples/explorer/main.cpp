@@ -8,9 +8,11 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QPalette>
+#include <QSettings>
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <new>
 
 namespace {
@@ -61,9 +63,23 @@ std::string directoryOf(explorer::Options const & options)
     return explorer::isDirectory(path) ? path : std::string();
 }
 
+// Null for a program that keeps nothing between its runs.
+std::unique_ptr<QSettings> settingsOf(explorer::Options const & options)
+{
+    if (options.noSettings || !options.picture.empty()) {
+        return nullptr;
+    }
+    if (!options.settings.empty()) {
+        return std::make_unique<QSettings>(QFile::decodeName(options.settings.c_str()),
+                                           QSettings::IniFormat);
+    }
+    return std::make_unique<QSettings>(QStringLiteral("zenu"), QStringLiteral("explorer"));
+}
+
 int run(explorer::Options const & options)
 {
     explorer::MainWindow window;
+    window.keepLookIn(settingsOf(options));
     if (options.rows >= 0) {
         window.showRows(options.rows);
     } else if (std::string const directory = directoryOf(options); !directory.empty()) {

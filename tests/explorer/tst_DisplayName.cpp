@@ -8,6 +8,8 @@ private Q_SLOTS:
     void names_areShownInLatin1_data();
     void names_areShownInLatin1();
     void anyBytes_giveTextWithoutControls();
+    void exactNames_comeBackFromTheirText_data();
+    void exactNames_comeBackFromTheirText();
 };
 
 void tst_DisplayName::names_areShownInLatin1_data()
@@ -70,6 +72,26 @@ void tst_DisplayName::anyBytes_giveTextWithoutControls()
             }
         }
     }
+}
+
+void tst_DisplayName::exactNames_comeBackFromTheirText_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("isExact");
+    QTest::newRow("plain") << QByteArray("Read me.txt") << true;
+    QTest::newRow("Latin-1") << QByteArray("caf\xc3\xa9") << true;
+    QTest::newRow("percent sign") << QByteArray("100%") << true;
+    QTest::newRow("accent behind its letter") << QByteArray("e\xcc\x81") << false;
+    QTest::newRow("replaced letter") << QByteArray("\xc5\x99") << false;
+    QTest::newRow("no letter of ours") << QByteArray("\xe6\x97\xa5") << false;
+    QTest::newRow("no UTF-8") << QByteArray("caf\xe9") << false;
+    QTest::newRow("control character") << QByteArray("a\nb") << false;
+}
+
+void tst_DisplayName::exactNames_comeBackFromTheirText()
+{
+    QFETCH(QByteArray, name);
+    QTEST(explorer::isShownExactly(name.constData()), "isExact");
 }
 
 ZENU_TEST(tst_DisplayName)

@@ -285,18 +285,21 @@ void tst_ExplorerGrid::currentRow_walksDownAndUpTheVisibleOrder()
     grid.sortBy(Column::Size, true);
     grid.show();
     QVERIFY(QTest::qWaitForWindowExposed(&grid));
+    grid.setFocus();
     std::string walked;
     zenu::tag_HROW * last = nullptr;
-    for (; last != grid.currentRow(); grid.moveCurrentRow(1)) {
+    for (; last != grid.currentRow(); QTest::keyClick(&grid, Qt::Key_Down)) {
         last = grid.currentRow();
         walked += (walked.empty() ? "" : "|") + textOf(grid, last, Column::Name);
     }
     QCOMPARE(walked, texts(grid, Column::Name));
     QCOMPARE(grid.GetSelectedCount(), 1u);
-    grid.moveCurrentRow(-count);
+    for (int i = 0; i < count; ++i) {
+        QTest::keyClick(&grid, Qt::Key_Up);
+    }
     QCOMPARE(grid.currentRow(), grid.GetNextRow(zenu::GCN_VISIBLE_FIRST));
     QCOMPARE(grid.GetTopIndex(), grid.currentRow());
-    grid.moveCurrentRow(-1);
+    QTest::keyClick(&grid, Qt::Key_Up);
     QCOMPARE(grid.currentRow(), grid.GetNextRow(zenu::GCN_VISIBLE_FIRST));
 }
 
@@ -395,7 +398,7 @@ void tst_ExplorerGrid::noComputedRows_areFine()
     grid.addTopRow(&rows);
     grid.Expand(nullptr, zenu::GCE_EXPANDALL);
     QCOMPARE(grid.GetExpandedCount(), 1u);
-    grid.moveCurrentRow(1);
+    QTest::keyClick(&grid, Qt::Key_Down);
     QCOMPARE(textOf(grid, grid.currentRow(), Column::Name), "0 computed rows");
 }
 

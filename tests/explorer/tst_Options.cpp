@@ -50,6 +50,8 @@ void tst_Options::values_areTakenFromBehindAnEqualSignOrTheNextArgument()
     QVERIFY(options.expandAll);
     QCOMPARE(read({"--rows=0"}).rows, 0);
     QCOMPARE(read({"--picture", "b.png", "/usr"}).picture, "b.png");
+    QCOMPARE(read({"--settings", "a.ini"}).settings, "a.ini");
+    QVERIFY(read({"--no-settings"}).noSettings && !read({}).noSettings);
     QVERIFY(read({"-h"}).help && read({"--help"}).help);
 }
 
@@ -64,6 +66,7 @@ void tst_Options::nonsense_isAnError_data()
     QTest::newRow("rows past any integer") << QByteArrayList{"--rows", "99999999999999999999"};
     QTest::newRow("picture without file") << QByteArrayList{"--picture"};
     QTest::newRow("picture with an empty file") << QByteArrayList{"--picture="};
+    QTest::newRow("settings without file") << QByteArrayList{"--settings"};
     QTest::newRow("two directories") << QByteArrayList{"a", "b"};
     QTest::newRow("empty directory") << QByteArrayList{""};
     QTest::newRow("unknown option") << QByteArrayList{"--columns"};

@@ -154,4 +154,14 @@ std::string displayName(char const * name)
     return text;
 }
 
+std::string nameFromText(char const * text)
+{
+    return QString::fromLatin1(text).toStdString();
+}
+
+bool isShownExactly(char const * name)
+{
+    return nameFromText(displayName(name).c_str()) == name;
+}
+
 } // namespace explorer

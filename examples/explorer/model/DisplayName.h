@@ -12,4 +12,10 @@ std::string displayName(char const * name);
 /// The same into `text`, which keeps its memory: for names that are shown over and over.
 void displayName(char const * name, std::string & text);
 
+/// The name in UTF-8 of a text in Latin-1.
+std::string nameFromText(char const * text);
+
+/// Whether displayName shows the name letter for letter, so that nameFromText gives it back.
+bool isShownExactly(char const * name);
+
 } // namespace explorer

@@ -240,9 +240,12 @@ void FileTree::lookAt(Index file)
         markFailed(file, errno);
         return;
     }
-    nodes[file].details = static_cast<std::uint32_t>(known.size());
-    known.push_back({status.st_size, status.st_mtim.tv_sec,
-                     S_ISREG(status.st_mode) && (status.st_mode & 0111) != 0});
+    if (nodes[file].details == 0) {
+        nodes[file].details = static_cast<std::uint32_t>(known.size());
+        known.emplace_back();
+    }
+    known[nodes[file].details] = {status.st_size, status.st_mtim.tv_sec,
+                                  S_ISREG(status.st_mode) && (status.st_mode & 0111) != 0};
     if (isDirectory(file) && !mayRead(path, status)) {
         nodes[file].flags |= Unreadable;
     }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace explorer {
@@ -25,6 +26,8 @@ bool isDirectory(std::string const & path);
 /// and then by compareNatural. Links are leaves, so the tree ends even where links go in a circle.
 /// Nothing here fails: what cannot be read has no children, what is gone has no details, and both
 /// can be asked.
+///
+/// The tree changes no file. When one was changed, rename, lookAgain or readAgain is told.
 class FileTree
 {
 public:
@@ -51,8 +54,11 @@ public:
 
     /// The directory that the tree was made for.
     static constexpr Index root = 0;
+    /// No file.
+    static constexpr Index none = 0xffffffff;
 
-    /// How many files are known by now, the root included.
+    /// How many files are known by now, the root included, and what stood in directories that were
+    /// read again since.
     Index count() const { return static_cast<Index>(nodes.size()); }
     Index parent(Index file) const { return nodes[file].parent; }
     Type type(Index file) const { return nodes[file].type; }
@@ -60,6 +66,8 @@ public:
     /// Its bytes, valid until a directory is read.
     char const * name(Index file) const { return names.data() + nodes[file].name; }
     std::string path(Index file) const;
+    /// The file of a path, if it is known by now.
+    Index find(std::string const & path) const;
 
     /// Reads the directory, if that was not done. Empty for anything but a directory.
     Range children(Index file);
@@ -76,6 +84,22 @@ public:
     bool isUnreadable(Index file) const { return has(file, Unreadable); }
     /// The file vanished after its directory had been read.
     bool isGone(Index file) const { return has(file, Gone); }
+
+    /// The order of two files of one directory by their names.
+    int compareNames(Index a, Index b) const;
+    /// Whether the indices of a directory's children are in the order of their names, as they are
+    /// until a file is renamed.
+    bool isInOrder() const { return inOrder; }
+
+    /// The file has this name now. It keeps its index, and so do all below it. False when the names
+    /// are more than can be stored.
+    bool rename(Index file, std::string const & newName);
+    /// The details may be others now; they are asked for anew when they are needed.
+    void lookAgain(Index file);
+    /// Other files may be in the directory now: reads it again, if it was read. Its children get
+    /// other indices; each that is still there keeps what is known of it and below it. Answers with
+    /// the old and the new index of these.
+    std::vector<std::pair<Index, Index>> readAgain(Index directory);
 
 private:
     enum Flag : std::uint8_t
@@ -114,6 +138,7 @@ private:
     std::vector<Node> nodes;
     std::vector<char> names;        // each ends in 0
     std::vector<FileDetails> known; // the first one stands for none
+    bool inOrder = true;
     mutable std::string pathBuffer;
 };
 

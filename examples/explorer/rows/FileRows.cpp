@@ -118,6 +118,21 @@ char const * FileRows::GetItemText(zenu::tag_HROW *, long param, zenu::tag_HCOLU
     return text.c_str();
 }
 
+void FileRows::SetItemText(zenu::tag_HROW *, long param, zenu::tag_HCOLUMN * column,
+                           char const * newText)
+{
+    if (edits && columnOf(column) == Column::Name) {
+        edits->editName(fileOf(param), newText);
+    }
+}
+
+void FileRows::SetItemCheck(zenu::tag_HROW *, long param, zenu::tag_HCOLUMN * column, bool checked)
+{
+    if (edits && columnOf(column) == Column::Executable) {
+        edits->editRuns(fileOf(param), checked);
+    }
+}
+
 int FileRows::IsItemChecked(zenu::tag_HROW *, long param, zenu::tag_HCOLUMN * column)
 {
     return columnOf(column) == Column::Executable && tree->details(fileOf(param)).executable;
@@ -156,7 +171,7 @@ int FileRows::compare(long a, long b, Column column, bool ascending)
     if (result != 0) {
         return ascending ? result : -result;
     }
-    return order(left, right);
+    return tree->compareNames(left, right);
 }
 
 std::string FileRows::describe(long param)
@@ -181,12 +196,12 @@ char const * FileRows::shortName(Index file) const
     return slash && slash[1] != '\0' ? slash + 1 : name;
 }
 
-// Siblings have indices in the order of their names.
+// Of siblings.
 int FileRows::compareBy(Index a, Index b, Column column)
 {
     switch (column) {
     case Column::Name:
-        return order(a, b);
+        return tree->compareNames(a, b);
     case Column::Size:
         if (tree->isDirectory(a)) {
             return order(tree->childCount(a), tree->childCount(b));

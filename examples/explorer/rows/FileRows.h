@@ -7,14 +7,27 @@
 
 namespace explorer {
 
+/// Hears what is typed and clicked into the rows of files. It is called in the middle of the grid's
+/// work, so it changes rows a moment later.
+class IFileEdits
+{
+public:
+    virtual ~IFileEdits() = default;
+    /// The name of a file was edited; the text is Latin-1, as the grid's texts are.
+    virtual void editName(FileTree::Index file, char const * text) = 0;
+    /// The check box of a file was flipped; of several files one after the other.
+    virtual void editRuns(FileTree::Index file, bool runs) = 0;
+};
+
 /// The rows of a FileTree: a row's param is the index of its file. Nothing is kept for a row; what
 /// the grid asks for is read from the tree at that moment.
 class FileRows : public RowSource
 {
 public:
-    /// The tree is not owned.
-    explicit FileRows(FileTree * shownTree)
+    /// Neither is owned. Without edits nothing that is typed has an effect.
+    explicit FileRows(FileTree * shownTree, IFileEdits * heardEdits = nullptr)
         : tree(shownTree)
+        , edits(heardEdits)
     {
     }
 
@@ -24,6 +37,10 @@ public:
                          zenu::tag_HCOLUMN * column, int halfWidth, bool selected,
                          bool focusCell) override;
     char const * GetItemText(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column) override;
+    void SetItemText(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column,
+                     char const * text) override;
+    void SetItemCheck(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column,
+                      bool checked) override;
     int IsItemChecked(zenu::tag_HROW * row, long param, zenu::tag_HCOLUMN * column) override;
     bool HasSubRows(zenu::tag_HROW * row, long param) override;
     int GetSubRowCount(zenu::tag_HROW * row, long param) override;
@@ -32,6 +49,7 @@ public:
 
     /// Directories come first, whatever the direction.
     int compare(long a, long b, Column column, bool ascending) override;
+    bool isInNameOrder() override { return tree->isInOrder(); }
     /// The path of the file and, of a link, where it leads.
     std::string describe(long param) override;
 
@@ -44,6 +62,7 @@ private:
     void kindOf(Index file, std::string & result);
 
     FileTree * tree;
+    IFileEdits * edits;
     std::string text; // the last one that was asked for
     std::string otherText;
 };

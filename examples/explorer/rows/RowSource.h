@@ -18,6 +18,9 @@ public:
     /// The order of two rows; negative means that `a` comes first.
     virtual int compare(long a, long b, Column column, bool ascending) = 0;
 
+    /// Whether rows come in the order of their names, so that nothing has to be sorted for that.
+    virtual bool isInNameOrder() { return true; }
+
     /// What a status line tells about a row, in the bytes of the file system.
     virtual std::string describe(long param) = 0;
 };
