@@ -8,7 +8,6 @@
 
 #include <QLabel>
 #include <QMenu>
-#include <QSettings>
 #include <QStatusBar>
 
 using namespace explorer;
@@ -48,9 +47,6 @@ private Q_SLOTS:
     void headerDivider_resizesAndDoesNotSort();
     void doubleClick_opensAndClosesDirectories();
     void rightClick_opensTheMenuOfTheRow();
-    void look_isKeptInSettings();
-    void nonsenseInSettings_isIgnored_data();
-    void nonsenseInSettings_isIgnored();
     void fittingColumns_isRefusedForMillionsOfRows();
     void return_makesTheCurrentDirectoryTheTop();
     void parent_ofTheTopBecomesTheTop();
@@ -268,64 +264,6 @@ void tst_MainWindow::rightClick_opensTheMenuOfTheRow()
             QVERIFY(action->isEnabled());
         }
     }
-}
-
-void tst_MainWindow::look_isKeptInSettings()
-{
-    FileFixture files;
-    QString const file = QString::fromStdString(files.path("settings.ini"));
-    auto const settings = [&] { return std::make_unique<QSettings>(file, QSettings::IniFormat); };
-    {
-        MainWindow window;
-        window.keepLookIn(settings());
-        window.showRows(10);
-        open(window);
-    }
-    QVERIFY(!settings()->contains(QStringLiteral("columns/widths"))); // nobody sized one
-    QList<int> const widths{210, 90, 120, 130, 70};
-    {
-        MainWindow window;
-        window.keepLookIn(settings());
-        window.showRows(10);
-        open(window);
-        window.grid()->setColumnWidths(widths);
-        QTest::keyClick(&window, Qt::Key_3, Qt::ControlModifier);
-        QTest::keyClick(&window, Qt::Key_3, Qt::ControlModifier);
-    }
-    MainWindow window;
-    window.keepLookIn(settings());
-    window.showRows(10);
-    open(window);
-    QCOMPARE(window.grid()->columnWidths(), widths);
-    QCOMPARE(window.grid()->sortColumn(), Column::Kind);
-    QVERIFY(!window.grid()->isSortedAscending());
-}
-
-void tst_MainWindow::nonsenseInSettings_isIgnored_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("too few widths") << "columns/widths" << QVariant(QStringList{"100", "200"});
-    QTest::newRow("no numbers") << "columns/widths"
-                                << QVariant(QStringList{"a", "b", "c", "d", "e"});
-    QTest::newRow("too wide") << "columns/widths"
-                              << QVariant(QStringList{"1", "2", "3", "4", "2000000000"});
-    QTest::newRow("no such column") << "columns/sorted" << QVariant(5);
-    QTest::newRow("no column at all") << "columns/sorted" << QVariant(QStringLiteral("name"));
-}
-
-void tst_MainWindow::nonsenseInSettings_isIgnored()
-{
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-    FileFixture files;
-    auto settings = std::make_unique<QSettings>(QString::fromStdString(files.path("settings.ini")),
-                                                QSettings::IniFormat);
-    settings->setValue(key, value);
-    MainWindow window;
-    window.keepLookIn(std::move(settings));
-    QVERIFY(window.grid()->columnWidths().isEmpty());
-    QCOMPARE(window.grid()->sortColumn(), Column::Name);
 }
 
 void tst_MainWindow::fittingColumns_isRefusedForMillionsOfRows()
