@@ -322,4 +322,15 @@ inline void checkCallOut(CallOut const & callOut, Deletion deletion, unsigned lo
     QCOMPARE(scene.finish(), QString());
 }
 
+// The current row of addCallOutRows, in a grid that looks handles up and in one that trusts them.
+inline void checkRow(std::vector<CallOut> const & callOuts)
+{
+    QFETCH(int, number);
+    QFETCH(int, what);
+    for (unsigned long const exStyle : {0UL, static_cast<unsigned long>(zenu::GCXS_FASTLOCATOR)}) {
+        checkCallOut(callOuts[static_cast<std::size_t>(number)], static_cast<Deletion>(what),
+                     exStyle);
+    }
+}
+
 } // namespace zenutest

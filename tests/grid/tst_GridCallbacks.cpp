@@ -269,27 +269,16 @@ class tst_GridCallbacks : public zenutest::Test
     Q_OBJECT
 private Q_SLOTS:
     void expansion_data() { addCallOutRows(expansions()); }
-    void expansion() { check(expansions()); }
+    void expansion() { checkRow(expansions()); }
     void selection_data() { addCallOutRows(selections()); }
-    void selection() { check(selections()); }
+    void selection() { checkRow(selections()); }
     void scroll_data() { addCallOutRows(scrolls()); }
-    void scroll() { check(scrolls()); }
+    void scroll() { checkRow(scrolls()); }
     void rebuild_data() { addCallOutRows(readers()); }
-    void rebuild() { check(readers()); }
+    void rebuild() { checkRow(readers()); }
     void headerDrag_data();
     void headerDrag();
     void ownSink_deletesItself();
-
-private:
-    static void check(std::vector<CallOut> const & callOuts)
-    {
-        QFETCH(int, number);
-        QFETCH(int, what);
-        for (unsigned long const exStyle : {0UL, static_cast<unsigned long>(GCXS_FASTLOCATOR)}) {
-            checkCallOut(callOuts[static_cast<std::size_t>(number)], static_cast<Deletion>(what),
-                         exStyle);
-        }
-    }
 };
 
 void tst_GridCallbacks::headerDrag_data()

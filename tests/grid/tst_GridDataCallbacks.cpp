@@ -165,23 +165,12 @@ class tst_GridDataCallbacks : public zenutest::Test
     Q_OBJECT
 private Q_SLOTS:
     void load_data() { addCallOutRows(loads()); }
-    void load() { check(loads()); }
+    void load() { checkRow(loads()); }
     void text_data() { addCallOutRows(texts()); }
-    void text() { check(texts()); }
+    void text() { checkRow(texts()); }
     void paint_data() { addCallOutRows(paints()); }
     void paint();
     void gridGone_itsRowsGoWithTheNextTurnOfTheLoop();
-
-private:
-    static void check(std::vector<CallOut> const & callOuts)
-    {
-        QFETCH(int, number);
-        QFETCH(int, what);
-        for (unsigned long const exStyle : {0UL, static_cast<unsigned long>(GCXS_FASTLOCATOR)}) {
-            checkCallOut(callOuts[static_cast<std::size_t>(number)], static_cast<Deletion>(what),
-                         exStyle);
-        }
-    }
 };
 
 // Qt itself goes on with a widget that it paints, so there the grid must live.
@@ -191,7 +180,7 @@ void tst_GridDataCallbacks::paint()
     if (static_cast<Deletion>(what) == Deletion::Grid) {
         return;
     }
-    check(paints());
+    checkRow(paints());
 }
 
 void tst_GridDataCallbacks::gridGone_itsRowsGoWithTheNextTurnOfTheLoop()

@@ -269,7 +269,7 @@ public:
     {
         int const x = point.x() + offset;
         int const y = point.y() + topY - header;
-        if (point.x() < 0 || point.y() < 0) {
+        if (point.x() < 0 || point.y() < header) {
             return {nullptr, nullptr};
         }
         for (Row const & row : rows) {

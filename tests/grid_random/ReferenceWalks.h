@@ -143,8 +143,9 @@ inline std::pair<tag_HROW *, int> ReferenceGrid::hitTest(QPoint const & point)
     settle();
     int const x = point.x() + hScrollPos;
     long long const y = point.y() + topPosition() - around.headerHeight;
-    // One below all rows is covered by none.
-    if (order.empty() || point.x() < 0 || point.y() < 0 || x >= contentsWidth || y < 0) {
+    // One below all rows is covered by none, and the header hides those that it lies over.
+    if (order.empty() || point.x() < 0 || point.y() < std::max(around.headerHeight, 0) ||
+        x >= contentsWidth || y < 0) {
         return {nullptr, -1};
     }
     int const index = indexFromY(y, 0, static_cast<int>(order.size()) - 1);

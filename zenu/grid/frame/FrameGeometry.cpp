@@ -90,7 +90,9 @@ int KGridCtrl::PrivateData::ShownColumnAt(int contentsX) const
 KGridCtrl::PrivateData::Hit KGridCtrl::PrivateData::HitTest(QPoint const & point)
 {
     UpdateNow(); // before the position is read: it may scroll
-    if (point.x() < 0 || point.y() < 0 || point.x() >= contentsWidth - hScrollPos) {
+    // The header hides the rows that were scrolled away.
+    if (point.x() < 0 || point.y() < std::max(headerHeight, 0) ||
+        point.x() >= contentsWidth - hScrollPos) {
         return {};
     }
     IGCRow * const row = GetRowAtOffset(point.y() - headerHeight);

@@ -122,8 +122,8 @@ public:
     int IndexFromY(int y, int low = 0, int high = -1);
     // The row that covers a y that may be past the range of an int, -1 for none.
     int IndexAt(long long position);
-    // The row that is so many pixels below the top of the first one on display, or above it when the
-    // offset is negative; null for none.
+    // The row that is so many pixels below the top of the first one on display, or above it when
+    // the offset is negative; null for none.
     IGCRow * GetRowAtOffset(int offset);
     // Like IndexFromY, but a y above all rows answers 0, one below them the last index; -1 without
     // rows.
