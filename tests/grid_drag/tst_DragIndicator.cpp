@@ -116,6 +116,7 @@ private Q_SLOTS:
     void badHandle_isFalseAndKeepsTheMark();
     void rowOutOfTheOrder_isFalse();
     void otherGrid_takesTheMark();
+    void aboveTheDisplay_staysOutOfTheHeader();
     void scrolledMark_isHiddenWithoutTrace();
     void paintedOverMark_isHiddenWithoutTrace();
     void dyingRow_leavesAMarkThatCanBeHidden_data();
@@ -286,6 +287,22 @@ void tst_DragIndicator::otherGrid_takesTheMark()
     // Any grid hides it.
     first.grid.DrawDragIndicator(nullptr, false);
     QCOMPARE(text(differences(zenutest::picture(second.grid), otherBefore)), QString());
+}
+
+// The top of all rows scrolls with them.
+void tst_DragIndicator::aboveTheDisplay_staysOutOfTheHeader()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.grid.OnScroll(-1, KScrolledWidget::ScrollLineForward, 0, true);
+    QImage const before = scene.picture();
+    QVERIFY(scene.grid.DrawDragIndicator(GCI_FIRST, false));
+    QCOMPARE(text(differences(zenutest::picture(scene.grid), before)), QString());
+    QVERIFY(scene.grid.DrawDragIndicator(scene.rows[1], false));
+    QCOMPARE(markFault(scene, before, zenutest::picture(scene.grid), scene.headerBottom(), 149),
+             QString());
+    scene.grid.DrawDragIndicator(nullptr, false);
+    QCOMPARE(text(differences(zenutest::picture(scene.grid), before)), QString());
 }
 
 void tst_DragIndicator::scrolledMark_isHiddenWithoutTrace()

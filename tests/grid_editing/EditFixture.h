@@ -139,6 +139,7 @@ public:
     std::function<bool(tag_HROW *)> vetoes;   // null for never
     std::function<void(QString const &)> act; // in every call, after it was noted
     std::function<bool()> doubleClickStops;   // null for yes
+    bool allowsSelection = true;
 
     QString taken() { return std::exchange(calls, {}).join(QStringLiteral("; ")); }
     // Those of edits alone.
@@ -161,7 +162,7 @@ public:
     bool OnSelectionChanging(GC_SELECTIONCHANGE *) override
     {
         note(QStringLiteral("selecting"));
-        return true;
+        return allowsSelection;
     }
     void OnFocusIn() override { note(QStringLiteral("in")); }
     void OnFocusOut() override { note(QStringLiteral("out")); }

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void delayed_opensAfterHalfASecond();
     void delayed_doubleClick_cancels();
     void delayed_anotherPress_cancels();
+    void delayed_pressedAgain_waitsAnew();
     void delayed_otherPaths_cancel_data();
     void delayed_otherPaths_cancel();
     void delayed_cellNotEditable_startsNothing();
@@ -246,6 +247,20 @@ void tst_EditGestures::delayed_anotherPress_cancels()
     }
 }
 
+void tst_EditGestures::delayed_pressedAgain_waitsAnew()
+{
+    EditGrid grid;
+    QVERIFY(grid.activate());
+    grid.click(grid.rows[3], Plain);
+    grid.click(grid.rows[3], Delayed);
+    pass(delay / 2);
+    QElapsedTimer clock;
+    clock.start();
+    grid.click(grid.rows[3], Delayed);
+    QTRY_VERIFY_WITH_TIMEOUT(grid.editor(), 5000);
+    QVERIFY2(clock.elapsed() >= delay - 1, qPrintable(QString::number(clock.elapsed())));
+}
+
 void tst_EditGestures::delayed_otherPaths_cancel_data()
 {
     QTest::addColumn<int>("path");
@@ -255,12 +270,16 @@ void tst_EditGestures::delayed_otherPaths_cancel_data()
     QTest::newRow("all rows deleted") << 3;
     QTest::newRow("reset") << 4;
     QTest::newRow("row inserted") << 5;
+    QTest::newRow("slim row reset") << 6;
 }
 
 void tst_EditGestures::delayed_otherPaths_cancel()
 {
     QFETCH(int, path);
     EditGrid grid;
+    EditSlim slim;
+    grid.SetSlimGridCallback(&slim);
+    tag_HROW * const slimRow = grid.InsertSlimRow(1, true, GC_ROOT, GCI_LAST);
     QVERIFY(grid.activate());
     grid.click(grid.rows[3], Delayed);
     grid.click(grid.rows[3], Delayed);
@@ -281,8 +300,11 @@ void tst_EditGestures::delayed_otherPaths_cancel()
     case 4:
         QVERIFY(grid.Reset());
         break;
-    default:
+    case 5:
         QVERIFY(grid.InsertRow(GC_ROOT, GCI_LAST));
+        break;
+    default:
+        QVERIFY(grid.ResetSlimRow(slimRow));
     }
     QVERIFY(!grid.GetPriv().editTimer.isActive());
     QVERIFY(!grid.GetPriv().pendingEdit.row);

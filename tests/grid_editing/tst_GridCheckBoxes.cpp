@@ -12,6 +12,9 @@ private Q_SLOTS:
     void click_inAMultipleSelection_flipsAllToTheClickedRowsNewState();
     void click_besideTheBox_flipsNothing();
     void click_asksAndTellsEachRowInTheOrderOfTheSet();
+    void click_isAskedBeforeTheBoxAndToldAfterIt();
+    void click_selectionRefused_flipsThoseThatAreSelected();
+    void click_collapsedRows_flipToo();
     void click_vetoedRows_areSkipped();
     void click_repaintsTheRowsOnDisplayAlone();
     void click_checkBoxWithIcon_keepsTheRest();
@@ -78,6 +81,54 @@ void tst_GridCheckBoxes::click_asksAndTellsEachRowInTheOrderOfTheSet()
     QCOMPARE(notes.takenItems(), expected.join(QStringLiteral("; ")));
 }
 
+void tst_GridCheckBoxes::click_isAskedBeforeTheBoxAndToldAfterIt()
+{
+    EditGrid grid;
+    QVERIFY(grid.activate());
+    grid.ClearSelection();
+    grid.SelectRows(2, grid.rows.data());
+    EditNotes notes(&grid);
+    QStringList seen;
+    notes.act = [&](QString const & what) {
+        if (what.startsWith(QStringLiteral("chang"))) {
+            seen << grid.checked();
+        }
+    };
+    grid.clickBox(grid.rows[0]);
+    // Either row may be the first.
+    QString const first = notes.calls.filter(QStringLiteral("changed"))[0].mid(8, 1);
+    QCOMPARE(seen, QStringList({QString(), first, first, QStringLiteral("0 1")}));
+}
+
+// The box that was clicked says what becomes of the others, whether it is among them or not.
+void tst_GridCheckBoxes::click_selectionRefused_flipsThoseThatAreSelected()
+{
+    EditGrid grid;
+    QVERIFY(grid.activate());
+    grid.ClearSelection();
+    grid.SelectRows(2, grid.rows.data());
+    EditNotes notes(&grid);
+    notes.allowsSelection = false;
+    grid.clickBox(grid.rows[4]);
+    QCOMPARE(grid.selected(), QStringLiteral("0 1"));
+    QCOMPARE(grid.checked(), QStringLiteral("0 1"));
+    grid.clickBox(grid.rows[4]); // still not checked
+    QCOMPARE(grid.checked(), QStringLiteral("0 1"));
+    QCOMPARE(notes.calls.filter(QStringLiteral(" 4/5")).size(), 0);
+}
+
+void tst_GridCheckBoxes::click_collapsedRows_flipToo()
+{
+    EditGrid grid;
+    tag_HROW * const child = grid.add("child", grid.rows[0]);
+    QVERIFY(grid.activate());
+    grid.SelectAll();
+    grid.Expand(grid.rows[0], GCE_COLLAPSE);
+    grid.clickBox(grid.rows[1]);
+    QVERIFY(grid.isChecked(child));
+    QCOMPARE(grid.checked(), QStringLiteral("0 1 2 3 4 5"));
+}
+
 void tst_GridCheckBoxes::click_vetoedRows_areSkipped()
 {
     EditGrid grid;
@@ -141,8 +192,12 @@ void tst_GridCheckBoxes::click_sectionInTheSelection_hasNoBox()
     tag_HROW * const section = grid.InsertSection(nullptr, GCI_FIRST);
     QVERIFY(grid.activate());
     grid.SelectAll();
+    EditNotes notes(&grid);
     grid.clickBox(grid.rows[2]);
     QCOMPARE(grid.checked(), QStringLiteral("0 1 2 3 4 5"));
+    // It is asked for and told of like the others.
+    QCOMPARE(notes.calls.filter(QStringLiteral("changing")).size(), 7);
+    QCOMPARE(notes.calls.filter(QStringLiteral("changed")).size(), 7);
     auto const * const row = dynamic_cast<CGCOrdinaryRow *>(grid.GetPriv().LocateRow(section));
     QVERIFY(!row->ItemOf(grid.GetPriv().columns.find(Check))->hasState(GCIS_CHECKED));
 }

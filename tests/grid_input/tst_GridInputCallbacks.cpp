@@ -30,7 +30,9 @@ enum class Deed
 {
     DeleteRow,    // that the event is about
     DeleteParent, // of that row
+    DeleteSiblings,
     DeleteColumn,
+    DeleteColumns,
     DeleteRows,
     Reset,
     DropSink,
@@ -40,9 +42,9 @@ enum class Deed
 };
 
 constexpr char const * deedNames[] = {
-    "deletes the row",   "deletes its parent", "deletes the column",
-    "deletes all rows",  "resets the grid",    "takes the sink away",
-    "replaces the sink", "deletes the grid",   "deletes the window"};
+    "deletes the row",     "deletes its parent", "deletes its siblings", "deletes the column",
+    "deletes all columns", "deletes all rows",   "resets the grid",      "takes the sink away",
+    "replaces the sink",   "deletes the grid",   "deletes the window"};
 
 // Rows top, p (under it, with children p1 and p2), p1, p2, and twenty more; four columns. The
 // focus is in p and so is the selection.
@@ -66,11 +68,9 @@ struct Scene
         p = grid.add("p", top);
         grid.add("p1", p);
         grid.add("p2", p);
-        for (int i = 0; i < 20; ++i) {
-            grid.add("more", top);
+        for (int i = 0; i < 22; ++i) {
+            siblings.push_back(grid.add(i < 20 ? "more" : "zero", top));
         }
-        grid.add("zero", top);
-        grid.add("zero", top);
     }
     bool show()
     {
@@ -94,8 +94,18 @@ struct Scene
         case Deed::DeleteParent:
             grid->DeleteRow(top);
             break;
+        case Deed::DeleteSiblings:
+            for (tag_HROW * const each : siblings) {
+                grid->DeleteRow(each);
+            }
+            break;
         case Deed::DeleteColumn:
             grid->DeleteColumn(column);
+            break;
+        case Deed::DeleteColumns:
+            for (int id = 3; id >= 0; --id) {
+                grid->DeleteColumn(columnHandle(id));
+            }
             break;
         case Deed::DeleteRows:
             grid->DeleteAllRows();
@@ -128,6 +138,7 @@ struct Scene
     tag_HCOLUMN * column;
     tag_HROW * top;
     tag_HROW * p;
+    std::vector<tag_HROW *> siblings; // of p
 };
 
 // What a person does, and the calls that come of it, each by its first word.
@@ -259,6 +270,14 @@ std::vector<Gesture> const & gestures()
          },
          GCS_AUTOHSCROLL},
         {"minus", {"expanding", "expanded", "key"}, keyOf(Qt::Key_Minus)},
+        {"plus",
+         {"expanding", "expanded", "key"},
+         [](Scene & s) {
+             s.in->grid->setNotification(nullptr);
+             s.in->grid->Expand(s.p, GCE_COLLAPSE);
+             s.in->grid->setNotification(s.notes.get());
+             s.in->key(Qt::Key_Plus);
+         }},
         {"ctrl and minus",
          {"expanding", "expanded", "key"},
          keyOf(Qt::Key_Minus, Qt::ControlModifier)},
