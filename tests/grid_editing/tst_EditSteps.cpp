@@ -20,6 +20,7 @@ private Q_SLOTS:
     void emptiedText_isSaved();
     void unchangedText_isSavedToo();
     void gridsFont_isThatOfTheEditor();
+    void column_shownOrHiddenByFlagAlone_isRefused();
 };
 
 void tst_EditSteps::changing_comesWithTheRowInView_andNoEditorYet()
@@ -217,6 +218,25 @@ void tst_EditSteps::gridsFont_isThatOfTheEditor()
     QVERIFY(grid.activate());
     QVERIFY(grid.edit(grid.rows[1]));
     QCOMPARE(grid.editor()->font(), font);
+}
+
+// The flag does not lay the columns out: a cell of such a column has no place, or is not painted.
+void tst_EditSteps::column_shownOrHiddenByFlagAlone_isRefused()
+{
+    EditGrid grid;
+    grid.ShowColumn(grid.column(Icon), false);
+    QVERIFY(grid.activate());
+    EditNotes notes(&grid);
+    GC_COLUMN record;
+    record.mask = GCCM_FLAGS;
+    record.flags = GCCF_EDITABLE;
+    QVERIFY(grid.SetColumn(grid.column(Icon), &record));
+    QVERIFY(!grid.edit(grid.rows[1], Icon));
+    record.flags = GCCF_EDITABLE | GCCF_HIDDEN;
+    QVERIFY(grid.SetColumn(grid.column(Text), &record));
+    QVERIFY(!grid.edit(grid.rows[1], Text));
+    QVERIFY(!grid.editor());
+    QCOMPARE(notes.takenItems(), QString());
 }
 
 ZENU_TEST(tst_EditSteps)

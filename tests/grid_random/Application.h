@@ -89,6 +89,12 @@ public:
         return textOf(3 + static_cast<int>(drawn % 15));
     }
 
+    // 1 for checked; the others are all the same.
+    int checkState(long param, int columnId) const
+    {
+        return static_cast<int>(number(param, columnId + 100) % 4) - 1;
+    }
+
 private:
     static long depth(long param) { return param < 0 ? 2 : param / 1000; }
     static unsigned number(long param, int more = 0)
@@ -105,6 +111,16 @@ inline std::optional<std::string> callbackText(int row, int columnId)
         return std::nullopt;
     }
     return "callback " + std::to_string(drawn % 100);
+}
+
+// Tells texts apart in events.
+inline long numberOf(std::string const & text)
+{
+    unsigned number = static_cast<unsigned>(text.size());
+    for (char const each : text) {
+        number = mixed(number, static_cast<unsigned char>(each));
+    }
+    return static_cast<long>(number);
 }
 
 // Comparisons by number, see `compareRows`.
@@ -162,6 +178,10 @@ struct Event
         RightClick,
         DoubleClick,
         LeadClick,
+        ItemChanging, // `param` is the column's id
+        ItemChanged,
+        TextWritten,  // to a slim row; `rows` holds a number made of the text
+        CheckWritten, // `param` is twice the column's id, and 1 for checked
         Asked,
         Created,
         Deleted
@@ -186,8 +206,10 @@ public:
         expanding = bits & 0xff;
         scrolling = bits >> 8 & 0xff;
         selecting = bits >> 16 & 0xff;
+        changing = bits >> 24 & 0xff;
     }
     bool allowsSelecting() { return next(selecting); }
+    bool allowsChanging() { return next(changing); }
     bool allowsExpanding() { return next(expanding); }
     bool allowsScrolling() { return next(scrolling); }
 
@@ -201,6 +223,7 @@ private:
     unsigned expanding = 0;
     unsigned scrolling = 0;
     unsigned selecting = 0;
+    unsigned changing = 0;
 };
 
 // Sink and slim callback of the grid under test.
@@ -270,12 +293,32 @@ public:
         recordPress(Event::LeadClick, row, column, element);
         return !stopsPresses;
     }
-    // No edit starts and no box flips.
-    bool OnItemChanging(tag_HROW *, tag_HCOLUMN *) override { return true; }
+    bool OnItemChanging(tag_HROW * row, tag_HCOLUMN * column) override
+    {
+        events.push_back({Event::ItemChanging, row, idOf(column)});
+        return !vetoes.allowsChanging();
+    }
+    bool OnItemChanged(tag_HROW * row, tag_HCOLUMN * column) override
+    {
+        events.push_back({Event::ItemChanged, row, idOf(column)});
+        return false;
+    }
 
     char const * GetItemText(tag_HROW *, long param, tag_HCOLUMN * column) override
     {
         return keep(source.text(param, idOf(column)));
+    }
+    void SetItemText(tag_HROW * row, long, tag_HCOLUMN * column, char const * text) override
+    {
+        events.push_back({Event::TextWritten, row, idOf(column), {{nullptr, numberOf(text)}}});
+    }
+    void SetItemCheck(tag_HROW * row, long, tag_HCOLUMN * column, bool checked) override
+    {
+        events.push_back({Event::CheckWritten, row, idOf(column) * 2L + (checked ? 1 : 0)});
+    }
+    int IsItemChecked(tag_HROW *, long param, tag_HCOLUMN * column) override
+    {
+        return source.checkState(param, idOf(column));
     }
     bool HasSubRows(tag_HROW *, long param) override { return source.hasSubRows(param); }
     int GetSubRowCount(tag_HROW *, long param) override { return source.count(param); }

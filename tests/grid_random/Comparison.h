@@ -24,6 +24,7 @@ inline void Player::check()
     compareItems();
     compareColumns();
     compareScrolling();
+    compareEdit();
 }
 
 // Looking at the children of a row may load them, in both.

@@ -43,7 +43,7 @@ public:
             operation.args[i] = draw(info.args[i], player, operation.args);
         }
         if (below(3) == 0) {
-            operation.vetoes = bits(24, 4);
+            operation.vetoes = bits(32, 4);
         }
         operation.checked = below(4) >= pause;
         return operation;
@@ -150,6 +150,20 @@ private:
             .id;
     }
 
+    // One with an editor, mostly.
+    int editColumn(ReferenceGrid const & grid)
+    {
+        std::vector<int> ids;
+        for (ReferenceColumn const & each : grid.columns) {
+            if ((each.flags & zenu::GCCF_EDITABLE) && each.hasEditor()) {
+                ids.push_back(each.id);
+            }
+        }
+        return ids.empty() || below(5) == 0
+                   ? column(grid)
+                   : ids[static_cast<std::size_t>(below(static_cast<int>(ids.size())))];
+    }
+
     int draw(Arg arg, Player const & player, Arguments const & args);
     int drawSmall(Arg arg);
 
@@ -168,8 +182,11 @@ inline int Generator::draw(Arg arg, Player const & player, Arguments const & arg
         return after(player, args);
     case Arg::Column:
         return column(player.reference());
+    case Arg::EditColumn:
+        return editColumn(player.reference());
     case Arg::ColumnFlags:
-        return masked(0x5cff, 6) | (below(8) == 0 ? 0x10 : 0);
+        return masked(0x5cff, 6) | (below(8) == 0 ? 0x10 : 0) |
+               (below(2) == 0 ? static_cast<int>(zenu::GCCF_EDITABLE) : 0);
     case Arg::ColumnMask:
         return masked(0x3f, 3);
     case Arg::RowMask:
@@ -241,13 +258,15 @@ inline int Generator::drawSmall(Arg arg)
     case Arg::BarStep:
         return below(4);
     case Arg::Key:
-        return below(15);
+        return below(16);
     case Arg::Modifiers:
         return below(16);
     case Arg::Point:
         return below(8) == 0 ? pick({-1, 0, 1000}) : below(150);
     case Arg::Button:
         return below(3);
+    case Arg::EditEnd:
+        return below(6);
     default:
         return 0;
     }

@@ -66,7 +66,10 @@ enum class Action
     HitTest,
     PressKey,
     PressMouse,
-    Focus
+    Focus,
+    EditItem,
+    TypeText,
+    EndEdit
 };
 
 // What the numbers of an operation mean; they are drawn and printed by it.
@@ -109,7 +112,9 @@ enum class Arg
     Key,
     Modifiers,
     Point,
-    Button
+    Button,
+    EditColumn,
+    EditEnd
 };
 
 // Rows that are no rows, where an operation names one. Every other number is one of creation: the
@@ -133,7 +138,8 @@ struct Operation
     Action action = Action::InsertRow;
     Arguments args{};
     // Bit i of the low byte vetoes the i-th OnExpanding of the operation, of the next byte the i-th
-    // OnScrolling, of the third the i-th OnSelectionChanging.
+    // OnScrolling, of the third the i-th OnSelectionChanging, of the fourth the i-th
+    // OnItemChanging.
     unsigned vetoes = 0;
     bool checked = true; // everything is compared afterwards
 };
@@ -213,6 +219,9 @@ inline std::span<ActionInfo const> actionTable()
         {Action::PressKey, "key", 120, {Key, Modifiers}},
         {Action::PressMouse, "press", 90, {Point, Point, Button, Modifiers, Bool}},
         {Action::Focus, "focus", 10, {Bool}},
+        {Action::EditItem, "EditItem", 60, {Row, EditColumn}},
+        {Action::TypeText, "type", 50, {Text, Bool}},
+        {Action::EndEdit, "end the edit", 25, {EditEnd}},
     };
     return table;
 }
@@ -248,6 +257,7 @@ inline QString argText(Arg arg, int value)
     case Arg::After:
         return (arg == Arg::After ? QStringLiteral("after ") : QString()) + rowName(value);
     case Arg::Column:
+    case Arg::EditColumn:
         return QStringLiteral("column %1").arg(value);
     case Arg::Bool:
         return value ? QStringLiteral("true") : QStringLiteral("false");

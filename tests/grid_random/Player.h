@@ -45,6 +45,7 @@ class Player
 public:
     explicit Player(Setup const & setup);
     Player(Player const &) = delete;
+    ~Player() { grid.reset(); } // which may still ask
 
     // Throws Mismatch when the two differ. Does nothing with an operation that names rows which a
     // grid that trusts its handles may not be asked about.
@@ -88,7 +89,7 @@ private:
     void compareEvents() const;
     void adoptOrder();
 
-    // PlayerActions.h, PlayerControls.h, PlayerInput.h
+    // PlayerActions.h, PlayerControls.h, PlayerInput.h, PlayerEdits.h
     void run(Operation const & operation);
     bool runRows(Action action, Args args);
     bool runRowData(Action action, Args args);
@@ -100,6 +101,14 @@ private:
     void sendKey(int number, int keys);
     void sendPress(QPoint const & point, int button, int keys, bool stops);
     void sendFocus(bool in);
+    bool hasRoom(tag_HROW * row, int columnId) const;
+    void deliverEnds();
+    static void pressInEditor(int key, QString const & text = {},
+                              Qt::KeyboardModifiers keys = Qt::NoModifier);
+    void typeText(char const * text, bool append);
+    void endEdit(int how);
+    void finishWaiting(int columnId, bool begins);
+    bool runEdits(Action action, Args args);
     void runRest(Action action, Args args);
     void insertRow(Args args, bool withRecord);
     void insertSlimRows(Args args);
@@ -120,6 +129,7 @@ private:
     void compareItems();
     void compareColumns();
     void compareScrolling();
+    void compareEdit() const;
 
     std::unique_ptr<zenu::KGridCtrl> grid;
     Recorder recorder;
@@ -154,6 +164,8 @@ inline Player::Player(Setup const & setup)
     ref.around.defaultHeight = grid->GetDefaultHeight();
     ref.around.wholeRows = (setup.style & zenu::GCS_WHOLEROWS) != 0;
     ref.around.autoScroll = (setup.style & zenu::GCS_AUTOHSCROLL) != 0;
+    ref.windowIsActive = grid->hasFocus();
+    ref.hasRoom = [this](tag_HROW * row, int id) { return hasRoom(row, id); };
     ref.singleSelection = (setup.style & zenu::GCS_SINGLESEL) != 0;
     ref.updateVerticalBar();
     ref.updateHorizontalBar();
@@ -214,6 +226,9 @@ inline void Player::perform(Operation const & operation)
     bool const sorted = ref.sortColumn != -1 || ref.sortComparison;
     start(sorted ? operation.vetoes & 0xff : operation.vetoes);
     ref.nextNumber = operation.id * rowsPerOperation;
+    if (ref.edit.row) {
+        settleOrder(); // its end may give the focus to a row
+    }
     run(operation);
     nameRows();
     compareEvents();
@@ -268,10 +283,13 @@ inline QString Player::nameOf(tag_HROW * row) const
 inline QString Player::nameOf(Event const & event) const
 {
     static char const * const types[] = {
-        "OnScrolling",         "OnScrolled",    "OnExpanding", "OnExpanded",   "OnSelectionChanged",
-        "OnSelectionChanging", "OnFocusIn",     "OnFocusOut",  "OnKeyPressed", "OnClick",
-        "OnRightClick",        "OnDoubleClick", "OnLeadClick", "GetSubRows",   "OnSubRowsCreated",
-        "OnSubRowsDeleted"};
+        "OnScrolling",      "OnScrolled",         "OnExpanding",
+        "OnExpanded",       "OnSelectionChanged", "OnSelectionChanging",
+        "OnFocusIn",        "OnFocusOut",         "OnKeyPressed",
+        "OnClick",          "OnRightClick",       "OnDoubleClick",
+        "OnLeadClick",      "OnItemChanging",     "OnItemChanged",
+        "SetItemText",      "SetItemCheck",       "GetSubRows",
+        "OnSubRowsCreated", "OnSubRowsDeleted"};
     QString text = QLatin1String(types[event.type]);
     if (!event.isOfScrolling() || event.row) {
         text += QStringLiteral("(%1)").arg(nameOf(event.row));
@@ -350,4 +368,5 @@ inline void Player::adoptOrder()
 #include "tests/grid_random/Comparison.h"
 #include "tests/grid_random/PlayerActions.h"
 #include "tests/grid_random/PlayerControls.h"
+#include "tests/grid_random/PlayerEdits.h"
 #include "tests/grid_random/PlayerInput.h"

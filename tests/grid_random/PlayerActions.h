@@ -32,7 +32,8 @@ inline void Player::run(Operation const & operation)
     Args args = operation.args;
     bool const done = runRows(action, args) || runRowData(action, args) ||
                       runSelection(action, args) || runColumns(action, args) ||
-                      runScrolling(action, args) || runInput(action, args);
+                      runScrolling(action, args) || runInput(action, args) ||
+                      runEdits(action, args);
     if (!done) {
         runRest(action, args);
     }

@@ -27,7 +27,7 @@ inline void Player::sendKey(int number, int keys)
     constexpr int all[] = {Qt::Key_Home,  Qt::Key_End,   Qt::Key_Left,   Qt::Key_Up,
                            Qt::Key_Right, Qt::Key_Down,  Qt::Key_PageUp, Qt::Key_PageDown,
                            Qt::Key_Plus,  Qt::Key_Minus, Qt::Key_Space,  Qt::Key_A,
-                           Qt::Key_B,     Qt::Key_L,     Qt::Key_Z};
+                           Qt::Key_B,     Qt::Key_L,     Qt::Key_Z,      Qt::Key_F2};
     int const key = all[static_cast<std::size_t>(number) % std::size(all)];
     bool const shift = (keys & 1) != 0;
     bool const ctrl = (keys & 2) != 0;
@@ -47,10 +47,13 @@ inline void Player::sendKey(int number, int keys)
     ref.key(key, shift, ctrl);
 }
 
-// Presses on cells that can be edited are right ones, since no edit shall open.
+// A press takes the keyboard from an open editor, and that ends the edit afterwards.
 inline void Player::sendPress(QPoint const & point, int button, int keys, bool stops)
 {
     settleOrder();
+    bool const leavesEditor = ref.keyboardInEditor;
+    grid->setFocus();
+    ref.takeKeyboard();
     auto const [row, columnId] = ref.hitTest(point);
     zenu::KGridCtrl::PrivateData & frame = grid->GetPriv();
     ReferenceGrid::Pressed at;
@@ -61,8 +64,7 @@ inline void Player::sendPress(QPoint const & point, int button, int keys, bool s
     at.ctrl = (keys & 2) != 0;
     at.stops = stops;
     recorder.stopsPresses = stops;
-    bool const editable = at.row && (ref.column(columnId)->flags & zenu::GCCF_EDITABLE);
-    bool const right = button == 1 || editable || !ref.hasSink;
+    bool const right = button == 1 || !ref.hasSink;
     bool const twice = !right && button == 2;
     Qt::MouseButton const held = right ? Qt::RightButton : Qt::LeftButton;
     Qt::KeyboardModifiers modifiers = at.shift ? Qt::ShiftModifier : Qt::NoModifier;
@@ -74,6 +76,11 @@ inline void Player::sendPress(QPoint const & point, int button, int keys, bool s
     QMouseEvent release(QEvent::MouseButtonRelease, point, global, held, Qt::NoButton, modifiers);
     QCoreApplication::sendEvent(grid.get(), &release);
     ref.press(right ? Event::RightClick : (twice ? Event::DoubleClick : Event::Click), at);
+    finishWaiting(columnId, (keys & 4) != 0);
+    deliverEnds();
+    if (leavesEditor) {
+        ref.endEdit(false);
+    }
 }
 
 inline void Player::sendFocus(bool in)

@@ -91,6 +91,7 @@ inline bool ReferenceGrid::deleteColumn(int id)
     if (!found) {
         return false;
     }
+    endEdit(true);
     ReferenceColumn const gone = *found;
     forEachRow(root, [&](ReferenceRow & row) {
         if (!row.isSlim()) {

@@ -100,6 +100,19 @@ public:
     ScrollBar vBar;
     ScrollBar hBar;
 
+    struct Edit
+    {
+        ReferenceRow * row = nullptr; // null while none is open
+        int columnId = -1;
+        std::string text;
+    };
+    Edit edit;
+    bool windowIsActive = true;
+    bool keyboardInEditor = false;
+    ReferenceRow * pendingRow = nullptr; // of an edit that waits for its time
+    // Whether an editor would find room in a cell: geometry is no matter of the model.
+    std::function<bool(tag_HROW *, int)> hasRoom = [](tag_HROW *, int) { return true; };
+
     int sortColumn = -1;
     bool sortAscending = true;
     std::optional<Comparison> sortComparison;
@@ -187,6 +200,13 @@ public:
     void gainFocus();
     void loseFocus() { tell(Event::FocusOut); }
 
+    // Edits and check boxes: ReferenceEdits.h
+    bool editItem(tag_HROW * handle, int columnId);
+    bool startEdit(ReferenceRow & row, int columnId);
+    bool endEdit(bool discard);
+    void takeKeyboard();
+    bool canEdit(ReferenceRow const & row, ReferenceColumn const & column) const;
+
     // Walks: ReferenceWalks.h
     tag_HROW * nextRow(unsigned flags, tag_HROW * handle);
     std::pair<tag_HROW *, int> hitTest(QPoint const & point);
@@ -254,6 +274,10 @@ private:
     int columnMarked(int from, int step);
     void tellPress(Event::Type type, Pressed const & at, unsigned element);
     bool selectByPress(Event::Type type, Pressed const & at);
+    void editPressed(Pressed const & at, bool wasSelected);
+    void flipBoxes(ReferenceRow const & row, int columnId);
+    void markEdited(ReferenceRow & row, int columnId, bool on);
+    bool asksForItem(tag_HROW * row, int columnId);
     void dropWalks();
     tag_HROW * sibling(ReferenceRow & row, int direction);
     tag_HROW * nextSelected(tag_HROW * given);
@@ -283,6 +307,7 @@ inline bool ReferenceGrid::tellScrolling(tag_HROW * row)
 
 #include "tests/grid_random/ReferenceColumns.h"
 #include "tests/grid_random/ReferenceData.h"
+#include "tests/grid_random/ReferenceEdits.h"
 #include "tests/grid_random/ReferenceInput.h"
 #include "tests/grid_random/ReferenceOrder.h"
 #include "tests/grid_random/ReferenceScroll.h"

@@ -125,6 +125,8 @@ inline void ReferenceGrid::key(int key, bool shift, bool ctrl)
         if (ctrl && !singleSelection) {
             selection.count(row) ? deselectRow(row) : selectAlso(row);
         }
+    } else if (key == Qt::Key_F2) {
+        startEdit(*focusRow, shownColumn(focusColumn)->id);
     } else if (!letter) {
         moveByKey(key, shift, ctrl);
     }
@@ -240,13 +242,14 @@ inline void ReferenceGrid::press(Event::Type type, Pressed const & at)
     } else if (at.element == zenu::GCEL_LEAD) {
         tellPress(Event::LeadClick, at, zenu::GCEL_NONE);
     } else if (hit.hasCheck() && (twice || at.element == zenu::GCEL_CHECK)) {
-        return; // the application lets no box flip
+        flipBoxes(*at.row, at.columnId);
     } else if (at.ctrl) {
         if (wasSelected) {
             deselectRow(row);
         }
     } else if (!at.shift) {
         selectOnly({row});
+        editPressed(at, wasSelected);
     }
 }
 

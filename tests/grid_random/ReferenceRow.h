@@ -51,6 +51,7 @@ struct ReferenceColumn
 
     bool hidden() const { return (flags & zenu::GCCF_HIDDEN) != 0; }
     bool hasText() const { return kind != zenu::GCCK_ICON && kind != zenu::GCCK_LISTBOX; }
+    bool hasEditor() const { return kind == zenu::GCCK_TEXT || kind == zenu::GCCK_TEXTWITHICON; }
     bool hasCheck() const
     {
         return kind == zenu::GCCK_CHECKBOX || kind == zenu::GCCK_CHECKBOXWITHICON;

@@ -78,6 +78,7 @@ inline bool ReferenceGrid::resetSlimRow(tag_HROW * handle)
     if (!row || row->rowClass != RowClass::Slim) {
         return false;
     }
+    endEdit(true);
     resetRow(*row);
     return true;
 }

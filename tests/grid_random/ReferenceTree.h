@@ -81,6 +81,7 @@ inline bool ReferenceGrid::insertUnder(ReferenceRow * parent,
 
 inline bool ReferenceGrid::insertRow(GC_ROW & record, tag_HROW * after, tag_HROW * made)
 {
+    endEdit(true);
     ReferenceRow * const parent = record.parent == zenu::GC_ROOT ? nullptr : locate(record.parent);
     if (!parent && record.parent != zenu::GC_ROOT) {
         return false;
@@ -164,6 +165,9 @@ inline void ReferenceGrid::forEachRow(ReferenceRow & under,
 inline bool ReferenceGrid::deleteRow(tag_HROW * handle)
 {
     ReferenceRow * const row = locate(handle);
+    if (row) {
+        endEdit(true);
+    }
     if (!row || (row->parent && row->parent->isSlim())) {
         return false;
     }
@@ -191,6 +195,7 @@ inline bool ReferenceGrid::deleteRow(tag_HROW * handle)
 
 inline void ReferenceGrid::deleteAllRows()
 {
+    endEdit(true);
     clearFocus();
     dropWalks();
     heights.clear();
@@ -203,6 +208,7 @@ inline void ReferenceGrid::deleteAllRows()
 
 inline void ReferenceGrid::reset()
 {
+    endEdit(true);
     nextColumnId = 0;
     deleteAllRows();
     columns.clear();

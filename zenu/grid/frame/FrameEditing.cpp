@@ -95,14 +95,15 @@ void KGridCtrl::PrivateData::revealCell(CellGuard const & cell)
     }
 }
 
-// Empty when the cell is gone or takes no part in the display.
+// Empty when the cell is gone or takes no part in the display. A flag alone neither lays a column
+// out nor takes it out of the layout.
 CElementRects KGridCtrl::PrivateData::editorRects(CellGuard const & cell)
 {
     CElementRects rects;
     if (cell.hasGrid()) {
         UpdateNow();
     }
-    if (cell.hasCell() && !cell.column()->IsHidden()) {
+    if (cell.hasCell() && !cell.column()->IsHidden() && ShownIndexOf(cell.column()) != -1) {
         ElementRects(cell.row(), cell.column(), &rects);
     }
     return rects;
