@@ -178,6 +178,11 @@ struct Event
         RightClick,
         DoubleClick,
         LeadClick,
+        Hover, // `param` is the column's id, here and in the next ones
+        DragEnter,
+        DragMove,
+        Drop,
+        DragLeave,
         ItemChanging, // `param` is the column's id
         ItemChanged,
         TextWritten,  // to a slim row; `rows` holds a number made of the text
@@ -293,6 +298,23 @@ public:
         recordPress(Event::LeadClick, row, column, element);
         return !stopsPresses;
     }
+    void OnHover(tag_HROW * row, tag_HCOLUMN * column, int) override
+    {
+        events.push_back({Event::Hover, row, idOf(column)});
+    }
+    void OnDragEnter(QDragEnterEvent *, tag_HROW * row, tag_HCOLUMN * column) override
+    {
+        events.push_back({Event::DragEnter, row, idOf(column)});
+    }
+    void OnDragMove(QDragMoveEvent *, tag_HROW * row, tag_HCOLUMN * column) override
+    {
+        events.push_back({Event::DragMove, row, idOf(column)});
+    }
+    void OnDrop(QDropEvent *, tag_HROW * row, tag_HCOLUMN * column) override
+    {
+        events.push_back({Event::Drop, row, idOf(column)});
+    }
+    void OnDragLeave(QDragLeaveEvent *) override { events.push_back({Event::DragLeave}); }
     bool OnItemChanging(tag_HROW * row, tag_HCOLUMN * column) override
     {
         events.push_back({Event::ItemChanging, row, idOf(column)});

@@ -265,6 +265,8 @@ inline int Generator::drawSmall(Arg arg)
         return below(8) == 0 ? pick({-1, 0, 1000}) : below(150);
     case Arg::Button:
         return below(3);
+    case Arg::DragStep:
+        return below(4);
     case Arg::EditEnd:
         return below(6);
     default:

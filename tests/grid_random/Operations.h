@@ -69,7 +69,9 @@ enum class Action
     Focus,
     EditItem,
     TypeText,
-    EndEdit
+    EndEdit,
+    Drag,
+    DragMark
 };
 
 // What the numbers of an operation mean; they are drawn and printed by it.
@@ -114,7 +116,8 @@ enum class Arg
     Point,
     Button,
     EditColumn,
-    EditEnd
+    EditEnd,
+    DragStep
 };
 
 // Rows that are no rows, where an operation names one. Every other number is one of creation: the
@@ -222,6 +225,8 @@ inline std::span<ActionInfo const> actionTable()
         {Action::EditItem, "EditItem", 60, {Row, EditColumn}},
         {Action::TypeText, "type", 50, {Text, Bool}},
         {Action::EndEdit, "end the edit", 25, {EditEnd}},
+        {Action::Drag, "drag", 20, {DragStep, Point, Point}},
+        {Action::DragMark, "DrawDragIndicator", 15, {Row, Bool}},
     };
     return table;
 }

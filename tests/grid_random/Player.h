@@ -101,6 +101,8 @@ private:
     void sendKey(int number, int keys);
     void sendPress(QPoint const & point, int button, int keys, bool stops);
     void sendFocus(bool in);
+    void sendDrag(int step, QPoint const & point);
+    void drawMark(tag_HROW * row, bool after);
     bool hasRoom(tag_HROW * row, int columnId) const;
     void deliverEnds();
     static void pressInEditor(int key, QString const & text = {},
@@ -282,14 +284,31 @@ inline QString Player::nameOf(tag_HROW * row) const
 
 inline QString Player::nameOf(Event const & event) const
 {
-    static char const * const types[] = {
-        "OnScrolling",      "OnScrolled",         "OnExpanding",
-        "OnExpanded",       "OnSelectionChanged", "OnSelectionChanging",
-        "OnFocusIn",        "OnFocusOut",         "OnKeyPressed",
-        "OnClick",          "OnRightClick",       "OnDoubleClick",
-        "OnLeadClick",      "OnItemChanging",     "OnItemChanged",
-        "SetItemText",      "SetItemCheck",       "GetSubRows",
-        "OnSubRowsCreated", "OnSubRowsDeleted"};
+    static char const * const types[] = {"OnScrolling",
+                                         "OnScrolled",
+                                         "OnExpanding",
+                                         "OnExpanded",
+                                         "OnSelectionChanged",
+                                         "OnSelectionChanging",
+                                         "OnFocusIn",
+                                         "OnFocusOut",
+                                         "OnKeyPressed",
+                                         "OnClick",
+                                         "OnRightClick",
+                                         "OnDoubleClick",
+                                         "OnLeadClick",
+                                         "OnHover",
+                                         "OnDragEnter",
+                                         "OnDragMove",
+                                         "OnDrop",
+                                         "OnDragLeave",
+                                         "OnItemChanging",
+                                         "OnItemChanged",
+                                         "SetItemText",
+                                         "SetItemCheck",
+                                         "GetSubRows",
+                                         "OnSubRowsCreated",
+                                         "OnSubRowsDeleted"};
     QString text = QLatin1String(types[event.type]);
     if (!event.isOfScrolling() || event.row) {
         text += QStringLiteral("(%1)").arg(nameOf(event.row));

@@ -2,8 +2,10 @@
 
 #include "tests/grid_random/Player.h"
 
+#include <QDragEnterEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 
 namespace gridrandom {
@@ -64,6 +66,7 @@ inline void Player::sendPress(QPoint const & point, int button, int keys, bool s
     at.ctrl = (keys & 2) != 0;
     at.stops = stops;
     recorder.stopsPresses = stops;
+    int const moves = (keys & 8) != 0 ? 2 : 0; // the first alone counts
     bool const right = button == 1 || !ref.hasSink;
     bool const twice = !right && button == 2;
     Qt::MouseButton const held = right ? Qt::RightButton : Qt::LeftButton;
@@ -73,9 +76,18 @@ inline void Player::sendPress(QPoint const & point, int button, int keys, bool s
     QMouseEvent press(twice ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress, point, global,
                       held, held, modifiers);
     QCoreApplication::sendEvent(grid.get(), &press);
+    QPoint const next = point + QPoint(3, 7);
+    for (int i = 0; i < moves; ++i) {
+        QMouseEvent move(QEvent::MouseMove, next, grid->mapToGlobal(next), Qt::NoButton, held,
+                         modifiers);
+        QCoreApplication::sendEvent(grid.get(), &move);
+    }
     QMouseEvent release(QEvent::MouseButtonRelease, point, global, held, Qt::NoButton, modifiers);
     QCoreApplication::sendEvent(grid.get(), &release);
     ref.press(right ? Event::RightClick : (twice ? Event::DoubleClick : Event::Click), at);
+    if (moves != 0) {
+        ref.moveMouse(next);
+    }
     finishWaiting(columnId, (keys & 4) != 0);
     deliverEnds();
     if (leavesEditor) {
@@ -95,6 +107,31 @@ inline void Player::sendFocus(bool in)
     }
 }
 
+inline void Player::sendDrag(int step, QPoint const & point)
+{
+    settleOrder();
+    QMimeData const data;
+    constexpr Qt::DropActions copy = Qt::CopyAction;
+    QDragEnterEvent enter(point, copy, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(point, copy, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(point, copy, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragLeaveEvent leave;
+    QEvent * const sent[] = {&enter, &move, &drop, &leave};
+    constexpr Event::Type told[] = {Event::DragEnter, Event::DragMove, Event::Drop,
+                                    Event::DragLeave};
+    static_cast<QObject &>(*grid).event(sent[step]);
+    ref.drag(told[step], point);
+}
+
+// The mark stays up over the operations that follow.
+inline void Player::drawMark(tag_HROW * row, bool after)
+{
+    settleOrder();
+    bool const needsNoRow = !row || row == zenu::GCI_FIRST;
+    same("DrawDragIndicator",
+         {grid->DrawDragIndicator(row, after), needsNoRow || ref.indexOf(ref.locate(row)) != -1});
+}
+
 inline bool Player::runInput(Action action, Args args)
 {
     switch (action) {
@@ -106,6 +143,12 @@ inline bool Player::runInput(Action action, Args args)
         return true;
     case Action::Focus:
         sendFocus(args[0] != 0);
+        return true;
+    case Action::Drag:
+        sendDrag(args[0], QPoint(args[1], args[2]));
+        return true;
+    case Action::DragMark:
+        drawMark(handle(args[0]), args[1] != 0);
         return true;
     default:
         return false;

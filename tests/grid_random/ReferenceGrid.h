@@ -107,6 +107,7 @@ public:
         std::string text;
     };
     Edit edit;
+    bool awaitsMove = false; // since a left press
     bool windowIsActive = true;
     bool keyboardInEditor = false;
     ReferenceRow * pendingRow = nullptr; // of an edit that waits for its time
@@ -197,6 +198,8 @@ public:
     };
     void key(int key, bool shift, bool ctrl);
     void press(Event::Type type, Pressed const & at);
+    void moveMouse(QPoint const & point);
+    void drag(Event::Type type, QPoint const & point);
     void gainFocus();
     void loseFocus() { tell(Event::FocusOut); }
 

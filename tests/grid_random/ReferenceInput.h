@@ -218,6 +218,7 @@ inline bool ReferenceGrid::selectByPress(Event::Type type, Pressed const & at)
 inline void ReferenceGrid::press(Event::Type type, Pressed const & at)
 {
     settle();
+    awaitsMove = false; // the button was up
     typeAhead.clear();
     if (type != Event::RightClick || !at.row) {
         tellPress(type, at, at.element);
@@ -243,13 +244,34 @@ inline void ReferenceGrid::press(Event::Type type, Pressed const & at)
         tellPress(Event::LeadClick, at, zenu::GCEL_NONE);
     } else if (hit.hasCheck() && (twice || at.element == zenu::GCEL_CHECK)) {
         flipBoxes(*at.row, at.columnId);
-    } else if (at.ctrl) {
-        if (wasSelected) {
-            deselectRow(row);
+    } else {
+        if (at.ctrl) {
+            if (wasSelected) {
+                deselectRow(row);
+            }
+        } else if (!at.shift) {
+            selectOnly({row});
+            editPressed(at, wasSelected);
         }
-    } else if (!at.shift) {
-        selectOnly({row});
-        editPressed(at, wasSelected);
+        awaitsMove = !twice;
+    }
+}
+
+inline void ReferenceGrid::moveMouse(QPoint const & point)
+{
+    auto const [row, columnId] = hitTest(point);
+    if (std::exchange(awaitsMove, false) && row && hasSink) {
+        events.push_back({Event::Hover, row, columnId});
+    }
+}
+
+inline void ReferenceGrid::drag(Event::Type type, QPoint const & point)
+{
+    auto const [row, columnId] = hitTest(point);
+    if (hasSink && type == Event::DragLeave) {
+        events.push_back({type});
+    } else if (hasSink) {
+        events.push_back({type, row, columnId});
     }
 }
 
