@@ -15,8 +15,8 @@ namespace zenutest {
 // To be called by init: the offscreen platform complains of what dialogs and menus want of it.
 inline void failOnWarningsButOfDialogs()
 {
-    QTest::failOnWarning(QRegularExpression(
-        QStringLiteral("^(?!This plugin does not support ).*")));
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^(?!This plugin does not support ).*")));
 }
 
 // The explorer's window with the tree of a directory, shown and active, for hands to play with.

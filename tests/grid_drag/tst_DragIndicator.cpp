@@ -117,6 +117,7 @@ private Q_SLOTS:
     void rowOutOfTheOrder_isFalse();
     void otherGrid_takesTheMark();
     void aboveTheDisplay_staysOutOfTheHeader();
+    void openEditor_liesAboveTheMark();
     void scrolledMark_isHiddenWithoutTrace();
     void paintedOverMark_isHiddenWithoutTrace();
     void dyingRow_leavesAMarkThatCanBeHidden_data();
@@ -303,6 +304,30 @@ void tst_DragIndicator::aboveTheDisplay_staysOutOfTheHeader()
              QString());
     scene.grid.DrawDragIndicator(nullptr, false);
     QCOMPARE(text(differences(zenutest::picture(scene.grid), before)), QString());
+}
+
+void tst_DragIndicator::openEditor_liesAboveTheMark()
+{
+    int const flashTime = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0); // the cursor shows all the time
+    Scene scene;
+    GC_COLUMN record;
+    record.mask = GCCM_FLAGS;
+    record.flags = GCCF_EDITABLE;
+    scene.grid.SetColumn(columnHandle(0), &record);
+    QVERIFY(scene.show());
+    QVERIFY(scene.grid.EditItem(scene.rows[2], columnHandle(0)));
+    QRect editorRect;
+    QVERIFY(scene.grid.GetItemEditorRect(scene.rows[2], columnHandle(0), &editorRect));
+    QImage const before = scene.picture();
+    QVERIFY(scene.grid.DrawDragIndicator(scene.rows[2], true));
+    QRegion const changed = differences(zenutest::picture(scene.grid), before);
+    QVERIFY(!changed.isEmpty());
+    QCOMPARE(text(changed & scene.device(editorRect)), QString());
+    QVERIFY(scene.grid.DrawDragIndicator(nullptr, true));
+    QCOMPARE(text(differences(zenutest::picture(scene.grid), before)), QString());
+    QCOMPARE(text(differences(scene.picture(), before)), QString());
+    QApplication::setCursorFlashTime(flashTime);
 }
 
 void tst_DragIndicator::scrolledMark_isHiddenWithoutTrace()
