@@ -25,6 +25,7 @@ private Q_SLOTS:
     void zeroMilliseconds_neverFires();
     void longestTime_doesNotFireSoon();
     void twoTasks_fireAtTheThirdAndFifthTickOnce();
+    void noMoveYet_firstTickOnlySeesTheMouse();
     void move_armsAgain();
     void move_whileSettling_startsOver();
     void move_overAnotherObject_endsTheRestToo();
@@ -154,6 +155,20 @@ void tst_HoverTasks::twoTasks_fireAtTheThirdAndFifthTickOnce()
     rest(QPoint(11, 21));
     m_clock->tick(5);
     QCOMPARE(m_widget->hovers, both + QStringList({"0 11,21", "1 11,21"}));
+}
+
+void tst_HoverTasks::noMoveYet_firstTickOnlySeesTheMouse()
+{
+    rest(QPoint(10, 20));
+    m_clock.reset();
+    delete monitor();
+    KEventMonitor::init();
+    m_clock = std::make_unique<Clock>(monitor());
+    KEventMonitor::addHoverTask(m_widget.get(), 250);
+    m_clock->tick();
+    QCOMPARE(m_widget->hovers, QStringList());
+    m_clock->tick();
+    QCOMPARE(m_widget->hovers, QStringList("0 10,20"));
 }
 
 void tst_HoverTasks::move_armsAgain()

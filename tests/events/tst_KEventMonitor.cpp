@@ -30,6 +30,7 @@ private Q_SLOTS:
     void state_doubleClick_leavesIt();
     void state_mouseMove_bringsAllUpToDate();
     void state_realEventsOfAWindow();
+    void state_realDoubleClick_atEachEventOfTheWidget();
     void state_eventsOfAnyObject();
     void cursorEvent_eachInputEvent_data();
     void cursorEvent_eachInputEvent();
@@ -271,8 +272,33 @@ void tst_KEventMonitor::state_realEventsOfAWindow()
     QCOMPARE(KEventMonitor::buttonState(), 256);
     QTest::keyRelease(window, Qt::Key_Shift);
     QCOMPARE(KEventMonitor::buttonState(), 0);
-    // The second press of a double click is none: its button does not count.
-    QTest::mouseDClick(window, Qt::LeftButton, {}, at);
+}
+
+void tst_KEventMonitor::state_realDoubleClick_atEachEventOfTheWidget()
+{
+    class States : public QWidget
+    {
+    public:
+        QStringList seen; // "type state"
+        bool event(QEvent * event) override
+        {
+            bool const counts = event->type() == QEvent::MouseButtonPress ||
+                                event->type() == QEvent::MouseButtonRelease ||
+                                event->type() == QEvent::MouseButtonDblClick;
+            if (counts)
+                seen
+                    << QStringLiteral("%1 %2").arg(event->type()).arg(KEventMonitor::buttonState());
+            return counts || QWidget::event(event);
+        }
+    };
+    KEventMonitor::init();
+    States widget;
+    widget.setParent(m_widget.get());
+    widget.setGeometry(0, 0, 100, 100);
+    widget.show();
+    // The window gets its second press as a press, before the widget gets it as a double click.
+    QTest::mouseDClick(m_widget->windowHandle(), Qt::LeftButton, {}, QPoint(30, 40));
+    QCOMPARE(widget.seen, QStringList({"2 1", "3 0", "4 1", "3 0"}));
     QCOMPARE(KEventMonitor::buttonState(), 0);
 }
 
