@@ -4,8 +4,13 @@
 
 find_program(XVFB_RUN xvfb-run)
 
+# At the ratios that follow the folder, or at all four.
 function(zenu_ratio_tests folder)
-    foreach(ratio 1 1.25 1.5 2)
+    set(ratios ${ARGN})
+    if(NOT ratios)
+        set(ratios 1 1.25 1.5 2)
+    endif()
+    foreach(ratio IN LISTS ratios)
         if(NOT ratio STREQUAL "1")
             add_test(NAME ${folder}_offscreen_${ratio} COMMAND tests_${folder})
             set_tests_properties(${folder}_offscreen_${ratio} PROPERTIES
@@ -25,6 +30,8 @@ zenu_ratio_tests(surface)
 # An editor that lies still over a grid that scrolls; with a display server the focus really moves.
 zenu_ratio_tests(grid_editing)
 zenu_ratio_tests(grid_drag)
+# Popups that take the focus, grabs of the keyboard, and a paste with the middle button.
+zenu_ratio_tests(scroll 1)
 
 # The explorer example is tested by its parts, and as the program that it is.
 if(TARGET tests_explorer)
