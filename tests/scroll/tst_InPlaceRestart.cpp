@@ -27,6 +27,10 @@ private Q_SLOTS:
     void deleted_inCancel();
     void deleted_inEditingModeChanged();
     void parentDeleted_inComplete();
+    void deleted_whenItsStartEndsAnotherEdit();
+    void allDeleted_whenAStartEndsAnotherEdit();
+    void ended_byASlotOfItsText_isNotShown();
+    void cancel_isOverBeforeTheClientHears();
 
 private:
     bool start(char const * text) { return m_editor->startEditing(&m_client, text, m_rect); }
@@ -220,6 +224,54 @@ void tst_InPlaceRestart::parentDeleted_inComplete()
     start("one");
     m_window->press(Qt::Key_Return);
     QVERIFY(!m_editor);
+}
+
+void tst_InPlaceRestart::deleted_whenItsStartEndsAnotherEdit()
+{
+    QPointer<KInPlaceEditor> const second(new KInPlaceEditor(m_window->canvas));
+    Client client;
+    m_client.onComplete = [&] { delete second; };
+    start("one");
+    QVERIFY(!second->startEditing(&client, "two", m_rect));
+    QVERIFY(!second);
+    QVERIFY(m_editor->isHidden());
+    QVERIFY(!QWidget::keyboardGrabber());
+    QCOMPARE(m_client.calls, QStringList("complete one"));
+    QCOMPARE(client.calls, QStringList());
+}
+
+void tst_InPlaceRestart::allDeleted_whenAStartEndsAnotherEdit()
+{
+    QPointer<KInPlaceEditor> const second(new KInPlaceEditor(m_window->canvas));
+    Client client;
+    m_client.onComplete = [&] { delete m_window->canvas; };
+    start("one");
+    QVERIFY(!second->startEditing(&client, "two", m_rect));
+    QVERIFY(!second && !m_editor);
+    QVERIFY(!QWidget::keyboardGrabber());
+}
+
+void tst_InPlaceRestart::ended_byASlotOfItsText_isNotShown()
+{
+    connect(m_editor, &QLineEdit::textChanged, m_editor, [this] { m_editor->cancelEditing(); });
+    QVERIFY(!start("one"));
+    QVERIFY(m_editor->isHidden());
+    QVERIFY(!QWidget::keyboardGrabber());
+    QCOMPARE(m_client.calls, QStringList("cancel"));
+}
+
+void tst_InPlaceRestart::cancel_isOverBeforeTheClientHears()
+{
+    bool heard = false;
+    m_client.onCancel = [&] {
+        heard = true;
+        QVERIFY(!m_editor->isEditing());
+        QVERIFY(m_editor->isVisible());
+        QVERIFY(!QWidget::keyboardGrabber());
+    };
+    start("one");
+    m_editor->cancelEditing();
+    QVERIFY(heard);
 }
 
 ZENU_TEST(tst_InPlaceRestart)

@@ -4,6 +4,8 @@
 #include <zenu/scroll/KInPlaceCombo.h>
 #include <zenu/scroll/KInPlaceEditor.h>
 
+#include <QtGui/QStandardItemModel>
+#include <QtGui/QWindow>
 #include <QtWidgets/QAbstractItemView>
 
 using namespace zenu;
@@ -30,6 +32,8 @@ private Q_SLOTS:
     void click_completesWithTheText();
     void click_onTheCurrentItem_completes();
     void return_completes();
+    void return_inTheList_staysFromTheNextWithTheFocus();
+    void return_onADisabledString_choosesNothing();
     void keysWithTheListClosed_complete();
     void complete_isOverBeforeTheClientHears();
     void cancel_tellsNobodyAndHides();
@@ -38,11 +42,17 @@ private Q_SLOTS:
     void press_onTheComboBox_cancels();
     void focusLost_listOpen_editGoesOn();
     void focusLost_listClosed_cancels();
+    void focusLost_toAPopup_listClosed_cancels();
     void activated_idle_tellsNobody();
     void reuse_afterEachEnd();
     void restart_inComplete_isHiddenAfterwards();
     void deleted_inComplete_ofAClick();
     void deleted_inComplete_ofAKeyWithTheListClosed();
+    void deleted_inComplete_ofAKeyInTheList_data();
+    void deleted_inComplete_ofAKeyInTheList();
+    void deleted_inComplete_ofReturnAtTheView();
+    void deleted_inComplete_ofAClickOnTheWindowOfTheList();
+    void deleted_whenItsStartEndsAnotherEdit();
     void deletedWhileEditing_isSafe();
 
 private:
@@ -222,6 +232,40 @@ void tst_KInPlaceCombo::return_completes()
     QVERIFY(m_combo->isHidden());
 }
 
+void tst_KInPlaceCombo::return_inTheList_staysFromTheNextWithTheFocus()
+{
+    class Keys : public QObject
+    {
+    public:
+        int count = 0;
+        bool eventFilter(QObject *, QEvent * event) override
+        {
+            count += event->type() == QEvent::KeyPress;
+            return false;
+        }
+    };
+    Keys keys;
+    m_window->other->installEventFilter(&keys);
+    start(2);
+    m_window->press(Qt::Key_Return);
+    QCOMPARE(m_client.calls, QStringList(QString::fromLatin1("complete tw\xf6")));
+    QCOMPARE(m_window->focusWidget(), m_window->other);
+    QCOMPARE(keys.count, 0);
+    QCOMPARE(m_window->canvas->keys, QList<int>());
+}
+
+void tst_KInPlaceCombo::return_onADisabledString_choosesNothing()
+{
+    auto const * const model = qobject_cast<QStandardItemModel *>(m_combo->model());
+    QVERIFY(model);
+    model->item(1)->setEnabled(false);
+    start(1);
+    m_window->press(Qt::Key_Return);
+    QVERIFY(m_combo->isEditing());
+    QVERIFY(m_combo->view()->isVisible());
+    QCOMPARE(m_client.calls, QStringList());
+}
+
 void tst_KInPlaceCombo::keysWithTheListClosed_complete()
 {
     start(0);
@@ -289,10 +333,12 @@ void tst_KInPlaceCombo::focusLost_listOpen_editGoesOn()
 {
     start(0);
     QVERIFY(m_combo->view()->isVisible());
-    QFocusEvent lost(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
-    QApplication::sendEvent(m_combo, &lost);
+    m_window->other->setFocus();
+    QVERIFY(!m_combo->hasFocus());
     QVERIFY(m_combo->isEditing());
     QVERIFY(m_combo->isVisible());
+    choose(1);
+    QCOMPARE(m_client.calls, QStringList("complete one"));
 }
 
 void tst_KInPlaceCombo::focusLost_listClosed_cancels()
@@ -300,6 +346,16 @@ void tst_KInPlaceCombo::focusLost_listClosed_cancels()
     start(0);
     closeList();
     m_window->other->setFocus();
+    QVERIFY(!m_combo->isEditing());
+    QVERIFY(m_combo->isHidden());
+    QCOMPARE(m_client.calls, QStringList());
+}
+
+void tst_KInPlaceCombo::focusLost_toAPopup_listClosed_cancels()
+{
+    start(0);
+    closeList();
+    m_window->other->setFocus(Qt::PopupFocusReason);
     QVERIFY(!m_combo->isEditing());
     QVERIFY(m_combo->isHidden());
     QCOMPARE(m_client.calls, QStringList());
@@ -357,6 +413,72 @@ void tst_KInPlaceCombo::deleted_inComplete_ofAKeyWithTheListClosed()
     closeList();
     m_window->press(Qt::Key_Down);
     QVERIFY(!m_combo);
+}
+
+void tst_KInPlaceCombo::deleted_inComplete_ofAKeyInTheList_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+// The window system may send the keys to the window of the list or to the one below.
+void tst_KInPlaceCombo::deleted_inComplete_ofAKeyInTheList()
+{
+    QFETCH(Qt::Key, key);
+    for (bool const toList : {false, true}) {
+        m_client = Client();
+        m_client.onComplete = [this] { delete m_combo; };
+        start(0);
+        QPointer<QWindow> const window =
+            toList ? m_combo->view()->window()->windowHandle() : m_window->windowHandle();
+        QTest::keyClick(window, Qt::Key_Down);
+        QCOMPARE(m_combo->view()->currentIndex().row(), 1);
+        QVERIFY(m_combo->isEditing());
+        QTest::keyPress(window, key);
+        QVERIFY(!m_combo);
+        QCOMPARE(m_client.calls, QStringList("complete one"));
+        QTest::keyRelease(m_window->windowHandle(), key);
+        m_combo = new KInPlaceCombo(m_window->canvas);
+        for (char const * text : {"zero", "one"})
+            m_combo->insertItem(text);
+    }
+}
+
+void tst_KInPlaceCombo::deleted_inComplete_ofReturnAtTheView()
+{
+    m_client.onComplete = [this] { delete m_combo; };
+    start(1);
+    QTest::keyClick(m_combo->view(), Qt::Key_Return);
+    QVERIFY(!m_combo);
+}
+
+void tst_KInPlaceCombo::deleted_inComplete_ofAClickOnTheWindowOfTheList()
+{
+    m_client.onComplete = [this] { delete m_combo; };
+    start(0);
+    QAbstractItemView * const view = m_combo->view();
+    QTest::qWait(QApplication::doubleClickInterval() + 10);
+    QPoint const inView = view->visualRect(m_combo->model()->index(1, 0)).center();
+    QPoint const at = view->viewport()->mapTo(view->window(), inView);
+    QWindow * const window = view->window()->windowHandle();
+    QTest::mouseMove(window, at);
+    QTest::mousePress(window, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(window, Qt::LeftButton, {}, at);
+    QTRY_VERIFY(!m_combo);
+    QCOMPARE(m_client.calls, QStringList("complete one"));
+}
+
+void tst_KInPlaceCombo::deleted_whenItsStartEndsAnotherEdit()
+{
+    KInPlaceEditor editor(m_window->canvas);
+    Client client;
+    client.onComplete = [this] { delete m_combo; };
+    editor.startEditing(&client, "text", QRect(20, 60, 100, 20));
+    QVERIFY(!start(1));
+    QVERIFY(!m_combo);
+    QCOMPARE(client.calls, QStringList("complete text"));
+    QCOMPARE(m_client.calls, QStringList());
 }
 
 void tst_KInPlaceCombo::deletedWhileEditing_isSafe()

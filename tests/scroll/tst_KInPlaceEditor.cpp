@@ -19,20 +19,25 @@ private Q_SLOTS:
     void construction_nullName_isSafe();
     void background_isTheWindowColourOfThePalette();
     void qObject_isTheObjectItself();
+    void class_hasPrivateSlotsAndNoSignals();
     void start_showsTheTextSelectedWithFocusAndKeyboard();
     void start_duringAnEdit_returnsFalseAndChangesNothing();
     void start_nullText_isAnEmptyLine();
     void start_nullNotification_editsForNobody();
     void start_focusOfAnotherEditor_endsItsEdit();
+    void start_inAWindowThatIsNotActive_leavesTheOtherEdit();
     void start_clientOfAnotherEditorEndsIt_returnsFalse();
     void keys_goToTheEditorWhoeverHasThem();
     void return_completesWithTheText();
+    void complete_textIsLatin1();
     void enter_completesToo();
     void returnPressed_emittedByOthers_completes();
     void complete_isOverBeforeTheClientHears();
     void cancel_tellsTheClientAndHides();
     void cancel_idle_releasesTheKeyboardOnly();
     void focusLost_completes();
+    void focusLost_endsForEachReasonButAPopup_data();
+    void focusLost_endsForEachReasonButAPopup();
     void focusLost_byAClick_completes();
     void focusLost_windowDeactivated_completes();
     void focusLost_toAPopup_editGoesOn();
@@ -102,6 +107,18 @@ void tst_KInPlaceEditor::qObject_isTheObjectItself()
     QCOMPARE(m_editor->qObject(), static_cast<QObject *>(m_editor));
 }
 
+void tst_KInPlaceEditor::class_hasPrivateSlotsAndNoSignals()
+{
+    QMetaObject const & meta = KInPlaceEditor::staticMetaObject;
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        QCOMPARE(meta.method(i).methodType(), QMetaMethod::Slot);
+        QCOMPARE(meta.method(i).access(), QMetaMethod::Private);
+        methods << QString::fromLatin1(meta.method(i).methodSignature());
+    }
+    QCOMPARE(methods, QStringList({"pressedReturn()", "changedText(QString)"}));
+}
+
 void tst_KInPlaceEditor::start_showsTheTextSelectedWithFocusAndKeyboard()
 {
     QVERIFY(start("some \xe4 text"));
@@ -166,6 +183,18 @@ void tst_KInPlaceEditor::start_focusOfAnotherEditor_endsItsEdit()
     QCOMPARE(QWidget::keyboardGrabber(), static_cast<QWidget *>(&second));
 }
 
+void tst_KInPlaceEditor::start_inAWindowThatIsNotActive_leavesTheOtherEdit()
+{
+    QWidget window;
+    KInPlaceEditor second(&window);
+    Client client;
+    start("first");
+    QVERIFY(second.startEditing(&client, "second", QRect(20, 60, 100, 20)));
+    QVERIFY(m_editor->isEditing());
+    QVERIFY(m_editor->hasFocus());
+    second.cancelEditing();
+}
+
 void tst_KInPlaceEditor::start_clientOfAnotherEditorEndsIt_returnsFalse()
 {
     KInPlaceEditor second(m_window->canvas);
@@ -194,6 +223,21 @@ void tst_KInPlaceEditor::return_completesWithTheText()
     QVERIFY(!m_editor->isEditing());
     QVERIFY(m_editor->isHidden());
     QVERIFY(!QWidget::keyboardGrabber());
+}
+
+void tst_KInPlaceEditor::complete_textIsLatin1()
+{
+    class Bytes : public IInPlaceEditorNotification
+    {
+    public:
+        QByteArray text;
+        void completeEditing(char const * bytes) override { text = bytes; }
+    };
+    Bytes client;
+    m_editor->startEditing(&client, "", m_rect);
+    m_editor->setText(QStringLiteral("\u00e4\u00ff"));
+    m_window->press(Qt::Key_Return);
+    QCOMPARE(client.text, QByteArray("\xe4\xff"));
 }
 
 void tst_KInPlaceEditor::enter_completesToo()
@@ -254,6 +298,32 @@ void tst_KInPlaceEditor::focusLost_completes()
     QVERIFY(m_editor->isHidden());
     QVERIFY(m_window->other->hasFocus());
     QVERIFY(!QWidget::keyboardGrabber());
+}
+
+void tst_KInPlaceEditor::focusLost_endsForEachReasonButAPopup_data()
+{
+    QTest::addColumn<Qt::FocusReason>("reason");
+    QTest::addColumn<bool>("ends");
+    QTest::newRow("mouse") << Qt::MouseFocusReason << true;
+    QTest::newRow("tab") << Qt::TabFocusReason << true;
+    QTest::newRow("tab backwards") << Qt::BacktabFocusReason << true;
+    QTest::newRow("window") << Qt::ActiveWindowFocusReason << true;
+    QTest::newRow("popup") << Qt::PopupFocusReason << false;
+    QTest::newRow("shortcut") << Qt::ShortcutFocusReason << true;
+    QTest::newRow("menu bar") << Qt::MenuBarFocusReason << true;
+    QTest::newRow("other") << Qt::OtherFocusReason << true;
+}
+
+void tst_KInPlaceEditor::focusLost_endsForEachReasonButAPopup()
+{
+    QFETCH(Qt::FocusReason, reason);
+    QFETCH(bool, ends);
+    start("text");
+    m_window->other->setFocus(reason);
+    QVERIFY(m_window->other->hasFocus());
+    QCOMPARE(m_client.calls, ends ? QStringList("complete text") : QStringList());
+    QCOMPARE(m_editor->isEditing(), !ends);
+    QCOMPARE(m_editor->isHidden(), ends);
 }
 
 void tst_KInPlaceEditor::focusLost_byAClick_completes()

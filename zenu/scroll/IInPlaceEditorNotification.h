@@ -6,8 +6,7 @@ namespace zenu {
 
 /// What a KInPlaceEditor or KInPlaceCombo reports to the client that started the edit. Every
 /// operation may be left out. The object belongs to the client and must live until the edit has
-/// ended. An operation may delete a KInPlaceEditor (a KInPlaceCombo with deleteLater only), and may
-/// start a new edit, but see `completeEditing`.
+/// ended. An operation may delete the editor, and may start a new edit, but see `completeEditing`.
 class ZENU_EXPORT IInPlaceEditorNotification
 {
 public:

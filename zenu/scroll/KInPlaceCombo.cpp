@@ -1,8 +1,10 @@
 #include "zenu/scroll/KInPlaceCombo.h"
 
 #include "zenu/overlay/NarrowText.h"
+#include "zenu/scroll/KInPlaceEditor.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractItemView>
 
 #include <string>
@@ -36,15 +38,22 @@ bool KInPlaceCombo::startEditing(IInPlaceEditorNotification * notification, int 
 {
     if (m_notification)
         return false;
-    m_notification = notification ? notification : &nobody;
+    IInPlaceEditorNotification * const client = notification ? notification : &nobody;
+    m_notification = client;
+    QPointer<KInPlaceCombo> const self(this);
+    // Slots hear of the string, and another editor loses the focus: any of them may end this edit,
+    // or delete this combo box.
+    auto const goesOn = [&] { return self && m_notification == client; };
     setGeometry(rect);
-    setCurrentIndex(index);
-    show();
-    setFocus();
-    if (!m_notification) // another editor lost the focus, and its client has ended this edit
-        return false;
-    showPopup();
-    return true;
+    if (goesOn())
+        setCurrentIndex(index);
+    if (goesOn())
+        show();
+    if (goesOn())
+        KInPlaceEditor::moveFocus(this);
+    if (goesOn())
+        showPopup();
+    return goesOn();
 }
 
 void KInPlaceCombo::cancelEditing()
@@ -60,16 +69,54 @@ void KInPlaceCombo::insertItem(char const * text)
     addItem(chars2qstring(text));
 }
 
+void KInPlaceCombo::showPopup()
+{
+    QPointer<KInPlaceCombo> const self(this);
+    QComboBox::showPopup();
+    if (self)
+        view()->installEventFilter(this);
+}
+
+// The list chooses when it is asked whether it wants Return, and then the press still goes to its
+// window, which the client may have deleted, or to the widget that has the focus next. So it is
+// asked only at the press.
+bool KInPlaceCombo::eventFilter(QObject * watched, QEvent * event)
+{
+    bool const asks = event->type() == QEvent::ShortcutOverride;
+    if (m_asksList || !(asks || event->type() == QEvent::KeyPress) || watched != view())
+        return QComboBox::eventFilter(watched, event);
+    auto const & key = *static_cast<QKeyEvent *>(event);
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter)
+        return QComboBox::eventFilter(watched, event);
+    event->accept();
+    return asks || listTakes(key);
+}
+
+bool KInPlaceCombo::listTakes(QKeyEvent const & press)
+{
+    QPointer<KInPlaceCombo> const self(this);
+    QKeyEvent question(QEvent::ShortcutOverride, press.key(), press.modifiers(), press.text());
+    m_asksList = true;
+    QCoreApplication::sendEvent(view(), &question);
+    if (!self)
+        return true;
+    m_asksList = false;
+    return !view()->isVisible();
+}
+
 void KInPlaceCombo::mousePressEvent(QMouseEvent * event)
 {
+    QPointer<KInPlaceCombo> const self(this);
     QComboBox::mousePressEvent(event);
-    cancelEditing();
+    if (self)
+        cancelEditing();
 }
 
 void KInPlaceCombo::focusOutEvent(QFocusEvent * event)
 {
+    QPointer<KInPlaceCombo> const self(this);
     QComboBox::focusOutEvent(event);
-    if (isEditing() && !view()->isVisible())
+    if (self && isEditing() && !view()->isVisible())
         cancelEditing();
 }
 

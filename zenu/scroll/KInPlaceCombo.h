@@ -14,8 +14,7 @@ namespace zenu {
 /// of the string that is current already. A press on the combo box itself, and the loss of the
 /// focus while the list is closed, cancel it, and nobody hears of that.
 ///
-/// A client that wants to delete the combo box from inside a notification uses deleteLater: when a
-/// key has chosen from the list, Qt still sends that key to the list.
+/// A client may delete the combo box from inside a notification.
 class ZENU_EXPORT KInPlaceCombo : public QComboBox
 {
     Q_OBJECT
@@ -26,8 +25,9 @@ public:
 
     /// Starts an edit at `rect` of the parent: shows the combo box there with string `index`
     /// current (none for an index out of range), gives it the focus and opens the list. Returns
-    /// false, and changes nothing, if an edit is in progress. `notification` is told of the choice;
-    /// it stays the caller's and must live until the end. With null nobody is told.
+    /// false, and changes nothing, if an edit is in progress; also false if the edit is over
+    /// already, by a client whose editor has lost the focus to this one. `notification` is told of
+    /// the choice; it stays the caller's and must live until the end. With null nobody is told.
     bool startEditing(IInPlaceEditorNotification * notification, int index, QRect const & rect);
 
     /// Ends the edit, if there is one, and tells nobody.
@@ -40,10 +40,14 @@ public:
     /// An edit is in progress.
     bool isEditing() const { return m_notification != nullptr; }
 
+    /// Opens the list.
+    void showPopup() override;
+
     /// The widget as a QObject.
     QObject * qObject() { return this; }
 
 protected:
+    bool eventFilter(QObject * watched, QEvent * event) override;
     void mousePressEvent(QMouseEvent * event) override;
     void focusOutEvent(QFocusEvent * event) override;
 
@@ -51,7 +55,10 @@ private Q_SLOTS:
     void activatedItem(QString const & text);
 
 private:
+    bool listTakes(QKeyEvent const & press);
+
     IInPlaceEditorNotification * m_notification = nullptr;
+    bool m_asksList = false; // whether it wants a key
 };
 
 } // namespace zenu

@@ -7,6 +7,7 @@
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QStyleOptionFrame>
 
@@ -85,17 +86,26 @@ bool KInPlaceEditor::startEditing(IInPlaceEditorNotification * notification, cha
 {
     if (m_notification || m_ending == Ending::HiddenEdit)
         return false;
-    m_notification = notification ? notification : &nobody;
+    IInPlaceEditorNotification * const client = notification ? notification : &nobody;
+    m_notification = client;
+    QPointer<KInPlaceEditor> const self(this);
+    // Slots hear of the text, and another editor loses the focus: any of them may end this edit, or
+    // delete this editor.
+    auto const goesOn = [&] { return self && m_notification == client; };
     setGeometry(rect);
-    setText(chars2qstring(text));
-    changedText(QLineEdit::text()); // which is not signalled when it is that of the last edit
-    show();
-    setFocus();
-    if (!m_notification) // another editor lost the focus, and its client has ended this edit
-        return false;
-    grabKeyboard();
-    selectAll();
-    return true;
+    if (goesOn())
+        setText(chars2qstring(text));
+    if (goesOn())
+        changedText(QLineEdit::text()); // not signalled when it is that of the last edit
+    if (goesOn())
+        show();
+    if (goesOn())
+        moveFocus(this);
+    if (goesOn())
+        grabKeyboard();
+    if (goesOn())
+        selectAll();
+    return goesOn();
 }
 
 void KInPlaceEditor::cancelEditing()
@@ -231,6 +241,25 @@ void KInPlaceEditor::endEditing(bool cancelled)
     report(cancelled);
     if (self)
         hideAfterEdit();
+}
+
+// Gives the focus to `receiver`. The edit that it leaves ends before that: its client may delete
+// the receiver, which Qt does not survive while it moves the focus there.
+void KInPlaceEditor::moveFocus(QWidget * receiver)
+{
+    QPointer<QWidget> const next(receiver);
+    QPointer<KInPlaceEditor> const editor(
+        qobject_cast<KInPlaceEditor *>(QApplication::focusWidget()));
+    bool const moves = receiver->isEnabled() && receiver->isActiveWindow();
+    bool const ends = moves && editor && editor != receiver && editor->m_notification;
+    if (ends) {
+        editor->releaseKeyboard();
+        editor->report(false);
+    }
+    if (next && !next->isHidden())
+        next->setFocus();
+    if (ends && editor)
+        editor->hideAfterEdit();
 }
 
 // The client may start a new edit from within, so the old one is over before it hears of it.

@@ -27,8 +27,9 @@ public:
 
     /// Starts an edit of `text` (Latin-1, null is empty) at `rect` of the parent: shows the editor
     /// there with all text selected, and gives it the focus and the keyboard. Returns false, and
-    /// changes nothing, if an edit is in progress. `notification` is told how the edit goes; it
-    /// stays the caller's and must live until the end. With null nobody is told.
+    /// changes nothing, if an edit is in progress; also false if the edit is over already, by a
+    /// client whose editor has lost the focus to this one. `notification` is told how the edit
+    /// goes; it stays the caller's and must live until the end. With null nobody is told.
     bool startEditing(IInPlaceEditorNotification * notification, char const * text,
                       QRect const & rect);
 
@@ -77,6 +78,9 @@ private:
         Hiding,    // the editor is being hidden, which takes the focus from it
         HiddenEdit // an edit that has been hidden together with the one before it ends
     };
+
+    friend class KInPlaceCombo;
+    static void moveFocus(QWidget * receiver);
 
     void endEditing(bool cancelled);
     void report(bool cancelled);
