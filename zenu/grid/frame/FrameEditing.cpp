@@ -66,10 +66,13 @@ bool KGridCtrl::PrivateData::StartEdit(IGCRow * row, CGCColumn * column)
     if (editorRects(cell).editorRect.isEmpty()) {
         return false;
     }
-    if (notification && notification->OnItemChanging(row->Handle(), cell.column()->Handle())) {
+    char const * const current = ItemText(row, cell.column());
+    std::string const text = current ? current : "";
+    if (!cell.hasCell() ||
+        (notification && notification->OnItemChanging(row->Handle(), cell.column()->Handle()))) {
         return false;
     }
-    return openEditor(cell);
+    return openEditor(cell, text.c_str());
 }
 
 // One line editor is open in the process at most: an edit of another grid ends as well.
@@ -109,12 +112,11 @@ CElementRects KGridCtrl::PrivateData::editorRects(CellGuard const & cell)
     return rects;
 }
 
-// Place and text are read after the application was asked: it may have changed both, or have
-// started an edit of its own.
-bool KGridCtrl::PrivateData::openEditor(CellGuard const & cell)
+// The text is that from before the application was asked, the place that from after it: the rows
+// may have moved. The application may have started an edit of its own as well.
+bool KGridCtrl::PrivateData::openEditor(CellGuard const & cell, char const * text)
 {
     CElementRects const rects = editorRects(cell);
-    char const * const text = cell.hasCell() ? ItemText(cell.row(), cell.column()) : nullptr;
     if (!cell.hasCell() || editor || rects.editorRect.isEmpty()) {
         return false;
     }

@@ -454,7 +454,7 @@ private:
     void endOpenEdit();
     void revealCell(CellGuard const & cell);
     CElementRects editorRects(CellGuard const & cell);
-    bool openEditor(CellGuard const & cell);
+    bool openEditor(CellGuard const & cell, char const * text);
     void dropEditor();
     void flipCheckBox(IGCRow * row, tag_HCOLUMN * column, int value);
     int dropLine(tag_HROW * row, int lastKnown);
