@@ -123,38 +123,39 @@ void KGridCtrl::PrivateData::searchKey(QKeyEvent const * event)
 // The first key looks past the current row; a longer prefix can stay on it.
 void KGridCtrl::PrivateData::search(IGCRow * row, CGCColumn * column, std::string const & prefix)
 {
-    RowGuard const guard(this, nullptr);
+    CellGuard const searched(this, nullptr, column);
     int start = IndexOf(row);
     start += prefix.size() == 1 || start == -1 ? 1 : 0;
-    int found = findPrefix(start, GetCount(), column, prefix);
+    int found = findPrefix(start, GetCount(), searched, prefix);
     if (found == -1) {
-        found = findPrefix(0, std::min(start, GetCount()), column, prefix);
+        found = findPrefix(0, std::min(start, GetCount()), searched, prefix);
     }
     IGCRow * const match = GetRowAt(found);
-    if (!match) {
+    if (!match || !searched.column()) {
         return;
     }
-    CellGuard const cell(this, match, column);
-    MoveFocus(found, ShownIndexOf(column));
+    CellGuard const cell(this, match, searched.column());
+    MoveFocus(found, ShownIndexOf(searched.column()));
     if (cell.row()) {
         SelectOnly({&match, 1});
     }
     if (cell.row()) {
         EnsureRowVisible(match);
     }
-    if (guard.hasGrid()) {
+    if (searched.hasGrid()) {
         EnsureColumnVisible(ShownColumn(focusColumn));
     }
 }
 
 // -1 for none.
-int KGridCtrl::PrivateData::findPrefix(int first, int past, CGCColumn * column,
+int KGridCtrl::PrivateData::findPrefix(int first, int past, CellGuard const & searched,
                                        std::string const & prefix)
 {
     for (int i = first; i < past; ++i) {
         IGCRow * const row = GetRowAt(i);
-        if (!row) {
-            break; // the text function of the application collapsed rows
+        CGCColumn * const column = searched.column();
+        if (!row || !column) {
+            break; // the text function of the application collapsed rows, or worse
         }
         if (startsWith(ItemText(row, column), prefix)) {
             return i;

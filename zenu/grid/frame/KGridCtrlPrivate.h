@@ -436,7 +436,7 @@ private:
     bool asksForChange(std::span<IGCRow * const> leaving, std::span<IGCRow * const> entering);
     void searchKey(QKeyEvent const * event);
     void search(IGCRow * row, CGCColumn * column, std::string const & prefix);
-    int findPrefix(int first, int past, CGCColumn * column, std::string const & prefix);
+    int findPrefix(int first, int past, CellGuard const & searched, std::string const & prefix);
     void actOnKey(QKeyEvent * event);
     void expandByKey(bool ctrl, unsigned one, unsigned all);
     void invertSelection();
