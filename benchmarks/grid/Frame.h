@@ -3,8 +3,6 @@
 #include <QCoreApplication>
 #include <QPaintEvent>
 
-#include <ctime>
-
 namespace bench {
 
 constexpr int windowWidth = 1600;
@@ -58,15 +56,6 @@ void settle(Counted<Widget> & widget)
             QCoreApplication::processEvents();
         }
     } while (widget.paints != before);
-}
-
-// Processor time of this thread, in seconds: what others do on the machine does not count, and
-// nothing that is measured here waits or uses a second thread.
-inline double now()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 } // namespace bench

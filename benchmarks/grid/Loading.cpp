@@ -1,7 +1,7 @@
 // From nothing to the first frame: ordinary rows with their texts, and slim rows.
 
 #include "Lists.h"
-#include "Results.h"
+#include "Works.h"
 #include "Slim.h"
 
 namespace bench {

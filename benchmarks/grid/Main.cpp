@@ -4,7 +4,7 @@
 //   zenu_bench_grid [--quick] [--no-memory] [OPTIONS OF GOOGLE BENCHMARK]
 
 #include "Memory.h"
-#include "Results.h"
+#include "Works.h"
 
 #include <benchmark/benchmark.h>
 

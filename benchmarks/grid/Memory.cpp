@@ -1,7 +1,7 @@
 #include "Memory.h"
 
 #include "Lists.h"
-#include "Results.h"
+#include "Works.h"
 #include "Slim.h"
 
 #include <QProcess>

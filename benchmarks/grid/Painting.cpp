@@ -1,7 +1,7 @@
 // Frames of a list: full repaints and scrolling.
 
 #include "Lists.h"
-#include "Results.h"
+#include "Works.h"
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 // What happens to single rows and to all: hit tests, selection, deletion, a new text.
 
 #include "Lists.h"
-#include "Results.h"
+#include "Works.h"
 
 #include <cstdio>
 #include <unordered_set>

@@ -1,7 +1,7 @@
 // Sorting by a text, to the frame that shows it.
 
 #include "Lists.h"
-#include "Results.h"
+#include "Works.h"
 
 namespace bench {
 

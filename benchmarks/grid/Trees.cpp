@@ -2,7 +2,7 @@
 
 #include "Frame.h"
 #include "LeanModels.h"
-#include "Results.h"
+#include "Works.h"
 
 #include <zenu/grid/KGridCtrl.h>
 

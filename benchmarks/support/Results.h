@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ctime>
 #include <functional>
 #include <string>
 
@@ -7,19 +8,6 @@ namespace bench {
 
 // The name that stands for zenu among the contestants of a work.
 inline std::string const zenuName = "zenu";
-
-// Sizes: up to a million rows and ten million slim ones, or a tenth and a hundredth of that.
-void setQuick(bool quick);
-bool isQuick();
-inline int fullRows()
-{
-    return isQuick() ? 100'000 : 1'000'000;
-}
-inline int fullSlimRows()
-{
-    return isQuick() ? 100'000 : 10'000'000;
-}
-std::string sizeName(int rows);
 
 // Says which zenu's time over that of the best peer may be at most. Works appear in the table in
 // the order of these calls; the names hold no slash.
@@ -36,11 +24,28 @@ void printTables();
 void addContestant(std::string const & work, std::string const & contestant, int samples,
                    std::function<std::function<double()>()> prepare);
 
-// Register the works of a topic.
-void addLoading();
-void addPainting();
-void addTrees();
-void addSorting();
-void addRowWork();
+// Runs what was registered with the options of Google Benchmark and prints the tables. Returns what
+// main() returns.
+int runAll(int argc, char ** argv);
+
+// Processor time of this thread, in seconds: what others do on the machine does not count, and
+// nothing that is measured here waits or uses a second thread.
+inline double now()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+// Seconds that one of `count` calls of `operation` takes.
+template <typename Operation>
+double secondsEach(int count, Operation operation)
+{
+    double const start = now();
+    for (int i = 0; i < count; ++i) {
+        operation(i);
+    }
+    return (now() - start) / count;
+}
 
 } // namespace bench

@@ -26,7 +26,6 @@ struct Size
     double goal; // 0: none
 };
 
-bool quickRun = false;
 std::vector<Work> works;
 std::vector<Size> sizes;
 
@@ -79,26 +78,6 @@ void printWork(Work const & work)
 }
 
 } // namespace
-
-void setQuick(bool quick)
-{
-    quickRun = quick;
-}
-
-bool isQuick()
-{
-    return quickRun;
-}
-
-std::string sizeName(int rows)
-{
-    std::string text = std::to_string(rows);
-    for (std::size_t place = text.size(); place > 3;) {
-        place -= 3;
-        text.insert(place, 1, ' ');
-    }
-    return text;
-}
 
 void addWork(std::string const & work, double goal, std::string const & onlyPeer)
 {
@@ -158,6 +137,17 @@ void printTables()
             std::printf(" | |\n");
         }
     }
+}
+
+int runAll(int argc, char ** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    printTables();
+    return 0;
 }
 
 } // namespace bench
