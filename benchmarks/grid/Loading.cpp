@@ -1,8 +1,8 @@
 // From nothing to the first frame: ordinary rows with their texts, and slim rows.
 
 #include "Lists.h"
-#include "Works.h"
 #include "Slim.h"
+#include "Works.h"
 
 namespace bench {
 

@@ -1,8 +1,8 @@
 #include "Memory.h"
 
 #include "Lists.h"
-#include "Works.h"
 #include "Slim.h"
+#include "Works.h"
 
 #include <QProcess>
 

@@ -180,8 +180,8 @@ void tst_NumberText::appendFixed_anyDouble_sameAsPrintf()
         appendFixed(text, value, decimals);
         QCOMPARE(text, printed("%.*f", decimals, value));
     }
-    for (double value :
-         {0.0, -0.0, 0.5, 1.5, 2.5, 1e300, -1e300, 1e-300, double(INFINITY), -double(INFINITY), 0.0005}) {
+    for (double value : {0.0, -0.0, 0.5, 1.5, 2.5, 1e300, -1e300, 1e-300, double(INFINITY),
+                         -double(INFINITY), 0.0005}) {
         for (int decimals : {0, 3, 6, 350, 1100}) {
             std::string text;
             appendFixed(text, value, decimals);
