@@ -15,6 +15,8 @@
 #include "zenu/header/KHeaderItem.h"
 #include "zenu/overlay/Geometry.h"
 #include "zenu/overlay/KPainter.h"
+#include "zenu/overlay/KSprite.h"
+#include "zenu/overlay/KSpriteLayer.h"
 #include "zenu/overlay/NarrowText.h"
 #include "zenu/scroll/IInPlaceEditorNotification.h"
 #include "zenu/scroll/KInPlaceCombo.h"

@@ -50,16 +50,20 @@ void flipPixels(QImage & pixels, QRect const & r, PixelBits const & bits)
 
 void copyPixels(QImage & to, QPoint toPos, QImage const & from, QPoint fromPos, QSize size)
 {
-    QRect const source = QRect(fromPos, size) & from.rect();
-    QRect const dest = source.translated(toPos - fromPos) & to.rect();
+    QRect const readable = QRect(fromPos, size) & from.rect();
+    QRect const dest = readable.translated(toPos - fromPos) & to.rect();
     if (dest.isEmpty())
         return;
     QPoint const first = dest.topLeft() + fromPos - toPos;
     int const depth = to.depth() / 8;
+    auto const count = static_cast<size_t>(dest.width()) * static_cast<size_t>(depth);
+    uchar * line = to.bits() + dest.top() * to.bytesPerLine() + qsizetype(dest.left()) * depth;
+    uchar const * source =
+        from.constBits() + first.y() * from.bytesPerLine() + qsizetype(first.x()) * depth;
     for (int y = 0; y < dest.height(); ++y) {
-        std::memcpy(to.scanLine(dest.top() + y) + qsizetype(dest.left()) * depth,
-                    from.constScanLine(first.y() + y) + qsizetype(first.x()) * depth,
-                    static_cast<size_t>(dest.width()) * static_cast<size_t>(depth));
+        std::memcpy(line, source, count);
+        line += to.bytesPerLine();
+        source += from.bytesPerLine();
     }
 }
 

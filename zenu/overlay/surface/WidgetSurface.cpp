@@ -114,6 +114,12 @@ WidgetSurface::Target WidgetSurface::target() const
     return systemClip(*store).isEmpty() ? Target::Screen : Target::Pass;
 }
 
+QPaintDevice * WidgetSurface::redirectedTo() const
+{
+    QPoint offset;
+    return target() == Target::Redirected ? redirection(*m_host, offset) : nullptr;
+}
+
 bool WidgetSurface::begin(QRegion const & touched)
 {
     Target const reached = isOpen() ? Target::None : target();
@@ -138,6 +144,7 @@ bool WidgetSurface::openScreen(QRegion const & touched)
     m_frame = frameNow();
     m_clip = surfaceClip(*m_host);
     m_changed = touched & m_clip;
+    findWritable();
     beginKeepingPixels(m_changed.translated(m_frame.offset));
     if (wrapPixels())
         return true;
@@ -150,6 +157,7 @@ bool WidgetSurface::openPass(QRegion const & touched)
     m_frame = frameNow();
     m_clip = paintedNow(m_frame) & surfaceClip(*m_host);
     m_changed = touched & m_clip;
+    findWritable();
     return wrapPixels();
 }
 
@@ -230,6 +238,7 @@ void WidgetSurface::forget()
     m_pixels = QImage();
     m_clip = QRegion();
     m_changed = QRegion();
+    m_writable.clear();
     m_bounds = QRect();
 }
 
@@ -314,9 +323,12 @@ QRegion WidgetSurface::clip() const
     return QRegion();
 }
 
-QRegion WidgetSurface::writable(QRegion const & r) const
+// Of the part of the clip that was announced; mostly one rectangle.
+void WidgetSurface::findWritable()
 {
-    return (m_clip & m_bounds) & r;
+    m_writable.clear();
+    for (QRect const & part : m_clip & m_bounds)
+        m_writable.push_back(toDevice(m_frame, part));
 }
 
 QImage WidgetSurface::copy(QRect const & r) const
@@ -343,11 +355,24 @@ void WidgetSurface::put(QImage const & buffer, QPoint const & at, QRect const & 
         return;
     QImage const pixels =
         buffer.format() == m_pixels.format() ? buffer : buffer.convertToFormat(m_pixels.format());
-    QPoint const origin = device(r).topLeft();
-    for (QRect const & part : writable(r)) {
-        QRect const to = device(part);
-        copyPixels(m_pixels, to.topLeft(), pixels, at + to.topLeft() - origin, to.size());
+    QRect const whole = device(r);
+    for (QRect const & writable : m_writable) {
+        QRect const to = whole & writable;
+        copyPixels(m_pixels, to.topLeft(), pixels, at + to.topLeft() - whole.topLeft(), to.size());
     }
+}
+
+// Its clip is exact: a painter on device pixels knows no ratio.
+QPainter & WidgetSurface::clippedPainter()
+{
+    if (!m_painter) {
+        QRegion clip;
+        for (QRect const & part : m_writable)
+            clip += part;
+        m_painter = std::make_unique<QPainter>(&m_pixels);
+        m_painter->setClipRegion(clip);
+    }
+    return *m_painter;
 }
 
 void WidgetSurface::blend(QPixmap const & image, QRect const & r)
@@ -355,14 +380,15 @@ void WidgetSurface::blend(QPixmap const & image, QRect const & r)
     QSize const size = isUsable() ? device(r).size().boundedTo(image.size()) : QSize();
     if (size.isEmpty())
         return;
-    if (!m_painter) {
-        QRegion clip;
-        for (QRect const & part : m_clip & m_bounds)
-            clip += device(part);
-        m_painter = std::make_unique<QPainter>(&m_pixels);
-        m_painter->setClipRegion(clip);
-    }
-    m_painter->drawPixmap(QRectF(device(r).topLeft(), size), image, QRectF(QPointF(), size));
+    clippedPainter().drawPixmap(QRectF(device(r).topLeft(), size), image, QRectF(QPointF(), size));
+}
+
+void WidgetSurface::blend(QImage const & image, QPoint const & at, QRect const & r)
+{
+    if (!isUsable() || image.isNull())
+        return;
+    QRect const to = device(r);
+    clippedPainter().drawImage(to.topLeft(), image, QRect(at, to.size()) & image.rect());
 }
 
 void WidgetSurface::flip(QRegion const & r, QColor const & a, QColor const & b)
@@ -370,7 +396,7 @@ void WidgetSurface::flip(QRegion const & r, QColor const & a, QColor const & b)
     if (!isUsable())
         return;
     PixelBits const bits = pixelDifference(a, b, m_pixels.format());
-    for (QRect const & part : writable(r))
+    for (QRect const & part : (m_clip & m_bounds) & r)
         flipPixels(m_pixels, device(part), bits);
 }
 

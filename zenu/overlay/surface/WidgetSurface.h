@@ -10,9 +10,11 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <vector>
 
 class QBackingStore;
 class QColor;
+class QPaintDevice;
 class QPainter;
 class QPixmap;
 
@@ -57,6 +59,9 @@ public:
     /// What `begin` would reach now. While open: what is open.
     Target target() const;
 
+    /// What the widget is painted into while the target is `Redirected`, otherwise null.
+    QPaintDevice * redirectedTo() const;
+
     /// Opens the surface for reading and writing within `touched`. False, and nothing is open, when
     /// there is no surface, when the widget is painted into something else, and when the surface is
     /// open already. In a paint pass of another widget of the window it opens with an empty clip.
@@ -98,6 +103,9 @@ public:
     /// far as the clip lets it. What is larger than `device(r)` is cut.
     void blend(QPixmap const & image, QRect const & r);
 
+    /// The same with pixels of an image from `at` on, as in `put`.
+    void blend(QImage const & image, QPoint const & at, QRect const & r);
+
     /// Turns `a` into `b` and `b` into `a` by XOR with their difference, as far as the clip lets
     /// it; a second call undoes the first. The alpha of colours and pixels plays no part.
     void flip(QRegion const & r, QColor const & a, QColor const & b);
@@ -120,7 +128,8 @@ private:
     void forget();
     bool isUsable() const;
     bool storeStands() const;
-    QRegion writable(QRegion const & r) const;
+    QPainter & clippedPainter();
+    void findWritable();
 
     QPointer<QWidget> m_host;
     QPointer<QWidget> m_window;        // the host's while open
@@ -131,6 +140,7 @@ private:
     QRegion m_clip;
     QRect m_bounds; // of what was announced to begin
     QRegion m_changed;
+    std::vector<QRect> m_writable;       // device pixels, disjoint
     std::unique_ptr<QPainter> m_painter; // on m_pixels, made when first needed
 };
 

@@ -1,0 +1,201 @@
+#include "zenu/overlay/sprites/LayerPrivate.h"
+
+#include "zenu/overlay/sprites/LayerPicture.h"
+#include "zenu/overlay/sprites/RegionUnion.h"
+
+#include <QMetaObject>
+
+#include <algorithm>
+
+namespace zenu {
+
+KSpriteLayer::PrivateData::PrivateData(QWidget * widget)
+    : surface(widget)
+{
+}
+
+KSpriteLayer::PrivateData::~PrivateData()
+{
+    for (std::vector<Sprite *> const * const list : {&m_sprites, &m_departed}) {
+        for (Sprite * const sprite : *list)
+            sprite->layer = nullptr;
+    }
+}
+
+void KSpriteLayer::PrivateData::add(KSpriteLayer * layer, Sprite & sprite)
+{
+    if (sprite.layer)
+        return;
+    m_sprites.push_back(&sprite);
+    m_stack.push_back(&sprite);
+    sprite.layer = layer;
+    sprite.shown = false;
+    sprite.wantShown = false;
+    sprite.needsBackground = false;
+    sprite.contentsDirty = false;
+}
+
+void KSpriteLayer::PrivateData::remove(Sprite & sprite)
+{
+    if (std::find(m_sprites.begin(), m_sprites.end(), &sprite) == m_sprites.end())
+        return;
+    sprite.owner->hide();
+    sprite.removed = true;
+}
+
+void KSpriteLayer::PrivateData::release(Sprite & sprite)
+{
+    std::erase(m_departed, &sprite);
+    if (std::erase(m_sprites, &sprite) == 0)
+        return;
+    std::erase(m_stack, &sprite);
+    if (shown && sprite.shown)
+        m_leftovers.push_back({sprite.shownGeometry, std::move(*sprite.savedBackground)});
+}
+
+void KSpriteLayer::PrivateData::wantAll()
+{
+    wantShown = true;
+    for (Sprite * const sprite : m_sprites)
+        sprite->needsBackground = sprite->wantShown;
+}
+
+// Only what is being painted counts in a paint event, whatever larger rectangle the widget names.
+void KSpriteLayer::PrivateData::clobber(QRect const & r)
+{
+    if (!shown || r.isEmpty())
+        return;
+    switch (surface.target()) {
+    case WidgetSurface::Target::Screen:
+        m_clobbered.push_back(r);
+        return;
+    case WidgetSurface::Target::Pass:
+        for (QRect const & part : surface.clip() & r)
+            m_clobbered.push_back(part);
+        return;
+    case WidgetSurface::Target::Redirected:
+        m_clobberedPicture.push_back(r);
+        return;
+    case WidgetSurface::Target::None:
+        return;
+    }
+}
+
+void KSpriteLayer::PrivateData::update()
+{
+    switch (surface.target()) {
+    case WidgetSurface::Target::Redirected:
+        drawPicture();
+        return;
+    case WidgetSurface::Target::Pass:
+        repair();
+        if (isUncommitted())
+            commitLater();
+        return;
+    case WidgetSurface::Target::Screen:
+    case WidgetSurface::Target::None:
+        if (m_busy)
+            m_again = true;
+        else
+            commit();
+        return;
+    }
+}
+
+QRegion KSpriteLayer::PrivateData::clobberedRegion() const
+{
+    return shown ? unionOf(m_clobbered) : QRegion();
+}
+
+// The background of what the widget has painted, then all that is committed over it.
+void KSpriteLayer::PrivateData::repair()
+{
+    QRegion const clobbered = clobberedRegion();
+    if (clobbered.isEmpty() || !surface.begin(clobbered))
+        return;
+    Damage const painted{false, clobbered & surface.clip()};
+    QRegion const late = clobbered - painted.region; // from an earlier paint event, for the commit
+    m_clobbered.assign(late.begin(), late.end());
+    fillOldScene();
+    QRegion const nowhere;
+    Composition(surface, painted, nowhere).capture(m_old);
+    if (redrawsBlind(painted.region)) {
+        surface.end();
+        redrawBlind(painted.region);
+        if (!surface.begin(painted.region))
+            return;
+        fillOldScene();
+    }
+    Composition(surface, painted, nowhere).draw(m_old);
+    surface.end();
+}
+
+// A sprite that was committed before the widget came on the screen has not seen its background yet.
+bool KSpriteLayer::PrivateData::isBlindIn(QRegion const & painted, Sprite const & sprite)
+{
+    return sprite.blind && sprite.shown && painted.intersects(sprite.shownGeometry);
+}
+
+bool KSpriteLayer::PrivateData::redrawsBlind(QRegion const & painted) const
+{
+    return std::any_of(m_stack.begin(), m_stack.end(),
+                       [&](Sprite const * sprite) { return isBlindIn(painted, *sprite); });
+}
+
+void KSpriteLayer::PrivateData::redrawBlind(QRegion const & painted)
+{
+    for (size_t i = 0; i < m_stack.size(); ++i) {
+        Sprite & sprite = *m_stack[i];
+        if (!isBlindIn(painted, sprite))
+            continue;
+        sprite.blind = false;
+        sprite.contents.draw(*sprite.owner, sprite.shownGeometry.size(), *sprite.savedBackground,
+                             surface.ratio(), sprite.savedBackground->pixels.format());
+    }
+}
+
+// Only what the widget has painted into that picture, so that a second update in the same paint
+// event changes nothing.
+void KSpriteLayer::PrivateData::drawPicture()
+{
+    QRegion const painted = unionOf(m_clobberedPicture);
+    m_clobberedPicture.clear();
+    if (!shown || painted.isEmpty())
+        return;
+    fillOldScene();
+    drawInPicture(surface, m_old, painted);
+}
+
+void KSpriteLayer::PrivateData::commitLater()
+{
+    if (m_posted)
+        return;
+    m_posted = true;
+    QMetaObject::invokeMethod(
+        &m_receiver,
+        [this] {
+            m_posted = false;
+            update();
+        },
+        Qt::QueuedConnection);
+}
+
+bool KSpriteLayer::PrivateData::isBandUnchanged() const
+{
+    return !colorsChanged && band == nextBand;
+}
+
+bool KSpriteLayer::PrivateData::isUncommitted() const
+{
+    if (wantShown != shown || !m_leftovers.empty() || !isBandUnchanged())
+        return true;
+    if (!shown)
+        return std::any_of(m_sprites.begin(), m_sprites.end(), [](Sprite const * sprite) {
+            return sprite->removed || sprite->wantShown != sprite->shown;
+        });
+    return !m_clobbered.empty() ||
+           std::any_of(m_sprites.begin(), m_sprites.end(),
+                       [](Sprite const * sprite) { return sprite->isUncommitted(); });
+}
+
+} // namespace zenu

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "zenu/overlay/KSpriteLayer.h"
+#include "zenu/overlay/sprites/Composition.h"
+#include "zenu/overlay/sprites/Scene.h"
+#include "zenu/overlay/sprites/SpritePrivate.h"
+#include "zenu/overlay/surface/WidgetSurface.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace zenu {
+
+/// The committed and the target state of a layer, and the passes between the two.
+///
+/// Outside paint events an update commits: it takes off what changed, reads the new backgrounds
+/// and draws, all in one opening of the surface. In a paint event it repairs: what the widget has
+/// painted goes into the backgrounds that are saved, and the committed scene is laid over it; a
+/// commit is posted if the target differs. No virtual operation of a sprite runs while the surface
+/// is open, so whatever an application does there finds a whole picture.
+class KSpriteLayer::PrivateData
+{
+public:
+    explicit PrivateData(QWidget * widget);
+    ~PrivateData();
+    PrivateData(PrivateData const &) = delete;
+    PrivateData & operator=(PrivateData const &) = delete;
+
+    using Sprite = KSprite::PrivateData;
+
+    void add(KSpriteLayer * layer, Sprite & sprite);
+    void remove(Sprite & sprite);
+    /// The sprite dies. Its background stays until it is put back.
+    void release(Sprite & sprite);
+    void wantAll();
+    void clobber(QRect const & r);
+    void update();
+
+    WidgetSurface surface;
+    SelectionBand band;     // committed
+    SelectionBand nextBand; // target
+    bool colorsChanged = false;
+    bool shown = false;    // committed
+    bool wantShown = true; // target
+
+private:
+    struct Leftover // of a sprite that is gone, still on the screen
+    {
+        QRect rect;
+        BackgroundBuffer background;
+    };
+
+    struct Changes // of the commit that runs
+    {
+        std::vector<QRect> rects; // where the screen changes, or a background is read
+        std::vector<QRect> all;   // the same of all that stands or will stand
+        double changedWork = 0;   // what drawing these alone costs
+        double allWork = 0;       // what drawing everything costs
+    };
+
+    void repair();
+    static bool isBlindIn(QRegion const & painted, Sprite const & sprite);
+    bool redrawsBlind(QRegion const & painted) const;
+    void redrawBlind(QRegion const & painted);
+    void drawPicture();
+    void commitLater();
+    bool isUncommitted() const;
+
+    void commit();
+    void notifyBefore();
+    void notifyAfter();
+    void drawContents();
+    bool wantsContents(Sprite const & sprite, qreal ratio) const;
+    void readForContents(std::vector<Sprite *> const & dirty);
+    void compose();
+    void commitState();
+
+    bool needsBackground(Sprite const & sprite, QRegion const & clobbered) const;
+    QRegion clobberedRegion() const;
+    void fillOldScene();
+    void fillNextScene();
+    Changes changes(QRegion const & clobbered) const;
+    void addChanges(Sprite const & sprite, Changes & found) const;
+    Damage damage(Changes const & found) const;
+    bool isBandUnchanged() const;
+
+    std::vector<Sprite *> m_sprites;  // in order of addition
+    std::vector<Sprite *> m_stack;    // the same from the bottom to the top, at the last commit
+    std::vector<Sprite *> m_departed; // removed, and still pointing here
+    std::vector<Leftover> m_leftovers;
+    std::vector<QRect> m_clobbered;        // painted by the widget and not repaired yet
+    std::vector<QRect> m_clobberedPicture; // the same in the picture that is being taken of it
+    Scene m_old;
+    Scene m_next;
+    bool m_busy = false;   // a commit runs
+    bool m_again = false;  // one more was asked for meanwhile
+    bool m_posted = false; // one is on its way
+    QObject m_receiver;    // of the posted call
+};
+
+} // namespace zenu

@@ -1,0 +1,97 @@
+#include "zenu/overlay/sprites/SpriteContents.h"
+
+#include "zenu/overlay/KSprite.h"
+#include "zenu/overlay/sprites/SpriteBuffer.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace zenu {
+
+namespace {
+
+bool isOpaqueIn(QImage const & image, QSize size)
+{
+    if (image.width() < size.width() || image.height() < size.height())
+        return false;
+    if (!image.hasAlphaChannel())
+        return true;
+    if (image.depth() != 32)
+        return false;
+    for (int y = 0; y < size.height(); ++y) {
+        auto const * const line = reinterpret_cast<QRgb const *>(image.constScanLine(y));
+        if (!std::all_of(line, line + size.width(), [](QRgb p) { return qAlpha(p) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+// The picture below as a sprite may look at it. Shares the pixels; gone before they change again.
+QPixmap pixmapOf(QImage const & pixels, qreal ratio)
+{
+    QPixmap pixmap = QPixmap::fromImage(pixels);
+    pixmap.setDevicePixelRatio(ratio);
+    return pixmap;
+}
+
+} // namespace
+
+void SpriteContents::draw(KSprite & sprite, QSize size, BackgroundBuffer const & background,
+                          qreal ratio, QImage::Format format)
+{
+    if (size.isEmpty())
+        return;
+    ensureSize(size, ratio);
+    m_pixels = QImage(); // shares the pixmap's memory
+    QPixmap const below = pixmapOf(background.pixels, ratio);
+    sprite.drawInBuffer(&m_buffer, &below);
+    takePixels(size, format);
+}
+
+void SpriteContents::ensureSize(QSize wanted, qreal ratio)
+{
+    QSize const size = bufferSizeFor(wanted, m_size);
+    if (size == m_size && ratio == m_ratio && !m_buffer.isNull())
+        return;
+    m_buffer = QPixmap(deviceSizeOf(size, ratio));
+    m_buffer.setDevicePixelRatio(ratio);
+    m_buffer.fill(Qt::transparent);
+    m_size = size;
+    m_ratio = ratio;
+}
+
+void SpriteContents::takePixels(QSize size, QImage::Format format)
+{
+    m_pixels = m_buffer.toImage();
+    if (m_pixels.devicePixelRatio() != 1)
+        m_pixels.setDevicePixelRatio(1);
+    if (m_pixels.hasAlphaChannel() && m_pixels.format() != QImage::Format_ARGB32_Premultiplied)
+        m_pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
+    extendEdges(m_pixels, size, m_ratio);
+    m_opaque = isOpaqueIn(m_pixels, deviceSizeOf(size, m_ratio));
+    if (m_opaque && format != QImage::Format_Invalid && m_pixels.format() != format)
+        m_pixels.convertTo(format);
+}
+
+void extendEdges(QImage & image, QSize size, qreal ratio)
+{
+    if (image.depth() % 8 != 0)
+        return;
+    auto const depth = static_cast<size_t>(image.depth() / 8);
+    QSize const whole = deviceSizeOf(size, ratio).boundedTo(image.size());
+    int const filledWidth = qRound(size.width() * ratio);
+    int const filledHeight = qRound(size.height() * ratio);
+    if (filledWidth > 0 && filledWidth < whole.width()) {
+        for (int y = 0; y < whole.height(); ++y) {
+            uchar * const last = image.scanLine(y) + static_cast<size_t>(filledWidth - 1) * depth;
+            std::memcpy(last + depth, last, depth);
+        }
+    }
+    if (filledHeight > 0 && filledHeight < whole.height()) {
+        std::memcpy(image.scanLine(filledHeight), image.constScanLine(filledHeight - 1),
+                    static_cast<size_t>(whole.width()) * depth);
+    }
+}
+
+} // namespace zenu

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "zenu/ZenuExport.h"
+
+#include <QImage>
+#include <QPixmap>
+#include <QSize>
+
+namespace zenu {
+
+class KSprite;
+struct BackgroundBuffer;
+
+/// The picture of a sprite: the pixmap that the sprite draws on, and the pixels of it that are laid
+/// on the surface.
+class SpriteContents
+{
+public:
+    /// Has `sprite` draw its picture of `size` logical pixels. Nothing is drawn for an empty size.
+    void draw(KSprite & sprite, QSize size, BackgroundBuffer const & background, qreal ratio,
+              QImage::Format format);
+
+    /// Device pixels with a ratio of 1, of the surface's format if opaque. May be larger or, if not
+    /// opaque, smaller than the sprite.
+    QImage const & pixels() const { return m_pixels; }
+
+    /// Every pixel of the sprite covers what is below it.
+    bool isOpaque() const { return m_opaque; }
+
+    /// Of the drawing; 0 before the first one.
+    qreal ratio() const { return m_ratio; }
+
+private:
+    void ensureSize(QSize wanted, qreal ratio);
+    void takePixels(QSize size, QImage::Format format);
+
+    QPixmap m_buffer;
+    QSize m_size; // of the buffer, logical
+    QImage m_pixels;
+    qreal m_ratio = 0;
+    bool m_opaque = false;
+};
+
+/// Where the ratio is no whole number a rectangle may take one device pixel more than what a
+/// painter fills for its size. Repeats the last column and row there, so that no gap is seen.
+ZENU_TEST_EXPORT void extendEdges(QImage & image, QSize size, qreal ratio);
+
+} // namespace zenu
