@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <iterator>
 #include <limits>
 
 namespace zenu {
@@ -55,6 +57,39 @@ long long magnitude(char const * first, char const * last, bool hex)
     return digits + (negative ? -exponent : exponent);
 }
 
+// Digits with or without a point, too few to be rounded: null for every other number. Both the
+// digits and the power of ten are exact, so that the division gives the nearest double.
+char const * readShort(char const * first, char const * last, double * value)
+{
+    constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr auto mostDigits = std::ssize(powers) - 1;
+    std::uint64_t digits = 0;
+    std::ptrdiff_t decimals = 0;
+    bool hasPoint = false;
+    char const * place = first;
+    for (; place != last; ++place) {
+        if (isDigit(*place)) {
+            digits = digits * 10 + static_cast<std::uint64_t>(*place - '0');
+            decimals += hasPoint ? 1 : 0;
+        } else if (*place == '.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            break;
+        }
+        if (place - first > mostDigits) {
+            return nullptr;
+        }
+    }
+    auto const count = place - first - (hasPoint ? 1 : 0);
+    bool const goesOn = place != last && (foldCase(*place) == 'e' || foldCase(*place) == 'x');
+    if (count == 0 || count > mostDigits || goesOn) {
+        return nullptr;
+    }
+    *value = static_cast<double>(digits) / powers[decimals];
+    return place;
+}
+
 // What from_chars takes: no white space and no sign.
 char const * readUnsigned(char const * first, char const * last, double * value)
 {
@@ -91,7 +126,10 @@ char const * readNumber(char const * first, char const * last, double * value)
         return nullptr;
     }
     double number = 0;
-    char const * const end = readUnsigned(first, last, &number);
+    char const * end = readShort(first, last, &number);
+    if (!end) {
+        end = readUnsigned(first, last, &number);
+    }
     if (end) {
         *value = negative ? -number : number;
     }
