@@ -60,11 +60,11 @@ bool hasLetter(char const * first, char const * last, char letter)
 char const * scanNumber(char const * first, char const * last, double * value)
 {
     char const * const end = readNumber(first, last, value);
+    if (end && end[-1] == ')') {
+        return std::find(first, end, '(');
+    }
     if (!end || end == last) {
         return end;
-    }
-    if (end[-1] == ')') {
-        return std::find(first, end, '(');
     }
     char const letter = static_cast<char>(foldCase(*end));
     if (letter != 'e' && letter != 'p') {
