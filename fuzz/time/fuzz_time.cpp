@@ -98,7 +98,7 @@ void checkReadUnit(char const * text)
 // that 17 digits of a double end before the last count.
 void checkComesBack(TimeValue const & time)
 {
-    if (std::abs(time.internal()) > 1LL << 50 || !time.valid()) {
+    if (!time.valid() || std::abs(time.internal()) > 1LL << 50) {
         return;
     }
     TimeUnit const unit = time.bestUnit();

@@ -114,7 +114,7 @@ void TimeValue::set(char const * text)
     char const * const last = text + std::strlen(text);
     double number = 0;
     TimeUnit unit;
-    while ((text = parse(text, last, &number, &unit))) {
+    while (text != last && (text = parse(text, last, &number, &unit))) {
         long long const term = rounded(unit.factor() / m_multiplier * number);
         m_count = m_count < 0 ? difference(m_count, term) : sum(m_count, term);
     }
