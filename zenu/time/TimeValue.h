@@ -35,12 +35,13 @@ public:
     /// `value` times `unit`, rounded to a count: up from a half on, and negative numbers always
     /// towards zero. Not valid if the count does not fit into 64 bits.
     TimeValue(double const & value, TimeUnit const & unit, double const & multiplier);
-    /// Takes the count as it is; integers of every type do, a plain 0 too.
+    /// Takes the count as it is.
     TimeValue(long long const & count, double const & multiplier)
         : m_count(count)
         , m_multiplier(multiplier)
     {
     }
+    /// The same for integers of every other type; a plain 0 is a count, too, and no null text.
     template <std::integral Count>
     TimeValue(Count count, double const & multiplier)
         : TimeValue(static_cast<long long>(count), multiplier)
@@ -88,6 +89,7 @@ public:
     {
         return m_count == other.m_count && m_multiplier == other.m_multiplier;
     }
+    /// The opposite.
     bool operator!=(TimeValue const & other) const { return !(*this == other); }
 
     /// `value` of the unit `from` as a number of the unit `to`.
