@@ -3,6 +3,10 @@
 // Every public header of the library.
 
 #include "zenu/ZenuExport.h"
+#include "zenu/command/CommandHandlers.h"
+#include "zenu/command/ICommandHandler.h"
+#include "zenu/command/KActionManager.h"
+#include "zenu/command/KCommandUpdate.h"
 #include "zenu/events/KEventMonitor.h"
 #include "zenu/events/KToolTip.h"
 #include "zenu/grid/GridRecords.h"
