@@ -58,3 +58,8 @@ foreach(folder grid_blit header)
             ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
     endforeach()
 endforeach()
+
+# The commands example is tested by its parts.
+if(TARGET tests_commands)
+    target_link_libraries(tests_commands PRIVATE zenu_commands_parts)
+endif()
