@@ -18,6 +18,8 @@
 #include "zenu/header/KHeader.h"
 #include "zenu/header/KHeaderItem.h"
 #include "zenu/overlay/Geometry.h"
+#include "zenu/overlay/KCaret.h"
+#include "zenu/overlay/KDataTip.h"
 #include "zenu/overlay/KPainter.h"
 #include "zenu/overlay/KSprite.h"
 #include "zenu/overlay/KSpriteLayer.h"
