@@ -27,7 +27,7 @@ enum EActionKind
 /// of the action as it is. A record of nothing ends the table.
 struct SAction
 {
-    int kind = ActionsEnd;
+    int kind = ActionsEnd;                 ///< of EActionKind
     unsigned int id = 0;                   ///< the command id
     char const * text = nullptr;           ///< also the key of the icon in QPixmapCache
     char const * menuText = nullptr;       ///< the text in menus, if it is another one
