@@ -28,8 +28,9 @@ char const * loginName()
     static char s_login[longestLogin + 1] = "";
     if (*s_login == '\0') {
         char const * const name = std::getenv("USERNAME");
-        if (name && std::strlen(name) <= longestLogin) {
-            std::strcpy(s_login, name);
+        std::size_t const length = name ? std::strlen(name) : 0;
+        if (length <= longestLogin) {
+            std::memcpy(s_login, name ? name : "", length + 1);
         }
     }
     return s_login;
