@@ -51,6 +51,7 @@ class tst_Trace : public zenutest::Test
 private Q_SLOTS:
     void initTestCase() { setTraceOutput(&keepMessage); }
     void cleanupTestCase() { setTraceOutput(nullptr); }
+    void cleanup() { s_messages.clear(); }
     void loginName_isKeptOnceItIsNotEmpty();
     void user_inAnyCase_isTheLoginName();
     void user_empty_isEveryone();
