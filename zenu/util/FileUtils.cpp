@@ -359,16 +359,16 @@ std::string getRelativePath(std::string const & base, std::string const & path)
 
 bool glob(std::vector<std::string> * result, std::string const & pattern)
 {
-    std::string const text = pattern; // may be one of *result
-    result->clear();
-    std::string_view const name = std::string_view(text).substr(namePlace(text));
-    bool const isDrive = text.size() == 2 && hasDrive(text);
-    bool const isMachine = text.size() > 2 && namesMachine(text);
-    if (!isDrive && !isMachine && name != "." && name != "..") {
-        return false; // a pattern like any other: directories are not searched
+    std::string_view const name = std::string_view(pattern).substr(namePlace(pattern));
+    bool const isDrive = pattern.size() == 2 && hasDrive(pattern);
+    bool const isMachine = pattern.size() > 2 && namesMachine(pattern);
+    std::vector<std::string> found; // the pattern may be one of *result
+    if (isDrive || isMachine || name == "." || name == "..") {
+        found.push_back(pattern);
     }
-    result->push_back(text);
-    return true;
+    // Every other pattern finds nothing: directories are not searched.
+    *result = std::move(found);
+    return !result->empty();
 }
 
 } // namespace zenu::FileUtils
