@@ -33,9 +33,8 @@ zenu_ratio_tests(grid_drag)
 # Popups that take the focus, grabs of the keyboard, and a paste with the middle button.
 zenu_ratio_tests(scroll 1)
 
-# The explorer example is tested by its parts, and as the program that it is.
+# The explorer example is also tested as the program that it is.
 if(TARGET tests_explorer)
-    target_link_libraries(tests_explorer PRIVATE zenu_explorer_parts)
     target_compile_definitions(tests_explorer PRIVATE
                                ZENU_EXPLORER="$<TARGET_FILE:zenu_explorer>")
     add_dependencies(tests_explorer zenu_explorer)
@@ -58,8 +57,3 @@ foreach(folder grid_blit header)
             ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
     endforeach()
 endforeach()
-
-# The commands example is tested by its parts.
-if(TARGET tests_commands)
-    target_link_libraries(tests_commands PRIVATE zenu_commands_parts)
-endif()

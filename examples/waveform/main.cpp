@@ -1,0 +1,118 @@
+// Draws a signal of ten million samples once, and moves a hundred and more images over it without
+// drawing it again; the line below the picture counts both.
+//
+//   zenu_waveform [--samples N] [--picture FILE]
+
+#include "WaveformView.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QTextStream>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int tenMillion = 10'000'000;
+
+class Window : public QWidget
+{
+public:
+    explicit Window(int samples)
+        : m_samples(samples)
+        , m_view(new WaveformView(samples))
+        , m_counts(new QLabel)
+    {
+        setWindowTitle(tr("Waveform"));
+        auto * const layout = new QVBoxLayout(this);
+        layout->addWidget(m_view, 1);
+        layout->addWidget(m_counts);
+        resize(1000, 460);
+        m_view->setFocus();
+        QObject::connect(m_view, &WaveformView::counted, this, [this] { showCounts(); });
+        showCounts();
+    }
+
+    // Moves the markers for a while, drags a band and lets the mouse rest, then draws what is on
+    // display into a file; 0, or 1 with a message when the file cannot be written.
+    int savePicture(QString const & file)
+    {
+        m_view->setDrifting(false);
+        show();
+        QApplication::processEvents();
+        send(QEvent::MouseButtonPress, 0.30, Qt::LeftButton);
+        send(QEvent::MouseMove, 0.46, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, 0.46, Qt::NoButton);
+        send(QEvent::MouseMove, 0.56, Qt::NoButton);
+        for (int frame = 0; frame < 240; ++frame) {
+            m_view->step();
+        }
+        QApplication::processEvents();
+        if (grab().save(file)) {
+            return 0;
+        }
+        QTextStream(stderr) << "Cannot write " << file << Qt::endl;
+        return 1;
+    }
+
+private:
+    void showCounts()
+    {
+        m_counts->setText(
+            tr("%L1 samples. The waveform was painted %2 times; the sprites moved %3 times.")
+                .arg(m_samples)
+                .arg(m_view->paints())
+                .arg(m_view->frames()));
+    }
+
+    void send(QEvent::Type type, double share, Qt::MouseButtons buttons)
+    {
+        QPointF const place(share * m_view->width(), m_view->height() * 0.3);
+        bool const move = type == QEvent::MouseMove;
+        QMouseEvent event(type, place, m_view->mapToGlobal(place),
+                          move ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
+        QApplication::sendEvent(m_view, &event);
+    }
+
+    int m_samples;
+    WaveformView * m_view;
+    QLabel * m_counts;
+};
+
+bool asksForPicture(int argc, char ** argv)
+{
+    return std::any_of(argv + 1, argv + argc,
+                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    if (asksForPicture(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Moves sprites over a picture that is slow to draw."));
+    parser.addHelpOption();
+    QCommandLineOption const picture(QStringLiteral("picture"),
+                                     QStringLiteral("Draw one frame into FILE and leave."),
+                                     QStringLiteral("FILE"));
+    QCommandLineOption const samples(QStringLiteral("samples"),
+                                     QStringLiteral("Length of the signal."), QStringLiteral("N"),
+                                     QString::number(tenMillion));
+    parser.addOptions({picture, samples});
+    parser.process(application);
+
+    Window window(std::clamp(parser.value(samples).toInt(), 1, 100 * tenMillion));
+    if (parser.isSet(picture)) {
+        return window.savePicture(parser.value(picture));
+    }
+    window.show();
+    return QApplication::exec();
+}
