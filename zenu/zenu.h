@@ -32,6 +32,7 @@
 #include "zenu/time/TimeUnit.h"
 #include "zenu/time/TimeValue.h"
 #include "zenu/util/FileUtils.h"
+#include "zenu/util/KQuickHeap.h"
 #include "zenu/util/KRefreshTracer.h"
 #include "zenu/util/StringUtils.h"
 #include "zenu/util/Trace.h"
