@@ -43,4 +43,5 @@
 #include "zenu/widgets/KFlashButton.h"
 #include "zenu/widgets/KMainDialog.h"
 #include "zenu/widgets/KPixmapSet.h"
+#include "zenu/widgets/KPopupMenu.h"
 #include "zenu/widgets/KToolDialog.h"
