@@ -14,6 +14,23 @@ bool isOfWords(unsigned id)
     return id <= DoubleWord;
 }
 
+// What stands between blanks, so that a full stop goes with its word.
+void selectWord(QTextCursor & cursor)
+{
+    QString const line = cursor.block().text();
+    int const at = cursor.positionInBlock();
+    int start = at;
+    while (start > 0 && !line.at(start - 1).isSpace()) {
+        --start;
+    }
+    int end = at;
+    while (end < line.size() && !line.at(end).isSpace()) {
+        ++end;
+    }
+    cursor.setPosition(cursor.block().position() + start);
+    cursor.setPosition(cursor.block().position() + end, QTextCursor::KeepAnchor);
+}
+
 // With the end of the line, so that what follows moves up.
 void selectLine(QTextCursor & cursor)
 {
@@ -107,7 +124,7 @@ QTextCursor TextCommands::piece(unsigned id) const
     QTextCursor cursor = m_text.textCursor();
     cursor.clearSelection();
     if (isOfWords(id)) {
-        cursor.select(QTextCursor::WordUnderCursor);
+        selectWord(cursor);
     } else {
         selectLine(cursor);
     }

@@ -50,6 +50,8 @@ void ViewCommands::updateWrap(unsigned, zenu::ICommandUpdate * state)
 void ViewCommands::readOnly(unsigned)
 {
     m_text.setReadOnly(!m_text.isReadOnly());
+    // The cursor stays, since commands go on moving it.
+    m_text.setTextInteractionFlags(m_text.textInteractionFlags() | Qt::TextSelectableByKeyboard);
 }
 
 void ViewCommands::updateReadOnly(unsigned, zenu::ICommandUpdate * state)

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void words_stepByWords();
     void lines_stepByLines();
     void button_meansWhatTheModeSays();
+    void delete_ofAWordTakesItsFullStop();
     void delete_ofALineTakesItsEnd();
     void double_repeatsTheWordOrTheLine();
     void modes_oneStandsChecked();
@@ -127,6 +128,15 @@ void tst_EditorWindow::button_meansWhatTheModeSays()
     QTest::mouseClick(shown.button(ByLines), Qt::LeftButton);
     QTest::mouseClick(shown.button(Delete), Qt::LeftButton);
     QCOMPARE(shown.text(), QStringLiteral("three four"));
+}
+
+void tst_EditorWindow::delete_ofAWordTakesItsFullStop()
+{
+    ShownWindow shown;
+    shown.setText(QStringLiteral("one.  two"));
+    shown.press(Qt::Key_K, Qt::ControlModifier);
+    QCOMPARE(shown.text(), QStringLiteral("  two"));
+    QTRY_VERIFY(!shown.button(Delete)->isEnabled()); // between blanks there is none
 }
 
 void tst_EditorWindow::delete_ofALineTakesItsEnd()
