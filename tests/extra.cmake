@@ -32,6 +32,8 @@ zenu_ratio_tests(grid_editing)
 zenu_ratio_tests(grid_drag)
 # Popups that take the focus, grabs of the keyboard, and a paste with the middle button.
 zenu_ratio_tests(scroll 1)
+# Keys, menus and tool buttons of actions.
+zenu_ratio_tests(command 1)
 
 # The explorer example is also tested as the program that it is.
 if(TARGET tests_explorer)
