@@ -19,6 +19,7 @@ class ZENU_EXPORT KMainDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// A dialog without any of its parts.
     explicit KMainDialog(QWidget * parent = nullptr, bool modal = false);
     ~KMainDialog() override;
 

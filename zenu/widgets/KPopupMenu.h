@@ -23,6 +23,7 @@ public:
 
     /// Adds the action of a command; for an id that the manager doesn't know, its empty action.
     KPopupMenu & addCommand(unsigned int id);
+    /// Adds a line between the items.
     KPopupMenu & addSeparator();
     /// Adds a menu under a text. It stays its owner's; null gives an item that does nothing.
     KPopupMenu & addSubmenu(KPopupMenu * menu, QString const & text);
