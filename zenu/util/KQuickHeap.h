@@ -15,9 +15,10 @@ namespace zenu {
 /// Others keep the largest power of two in them, 16 at most. A granularity of 1 gives pointers of
 /// no alignment at all: they hold bytes, not objects.
 ///
-/// A small allocation costs its rounded size, the header, and 1.1 bytes; a large one its size, the
-/// header, and 32 bytes beside what malloc adds. Alloc and Free take constant time. Nothing is
-/// locked and nothing throws. Under AddressSanitizer headers and what is free are poisoned.
+/// A small allocation costs its rounded size, the header, and 2 bytes (with a granularity of 1 up
+/// to 5); a large one its size, the header, and 32 bytes beside what malloc adds. Alloc and Free
+/// take constant time. Nothing is locked and nothing throws. Under AddressSanitizer headers and
+/// what is free are poisoned.
 class ZENU_EXPORT KQuickHeap
 {
 public:

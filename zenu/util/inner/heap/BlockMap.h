@@ -9,7 +9,7 @@ namespace zenu {
 // the memory of an object that is freed late is in no cache. The address space is cut into cells of
 // two to four times the smallest block; a hash table with linear probing has an entry for each cell
 // of each block, at most half of it in use. O(1): at most six blocks meet in a cell. A block has
-// 130 entries at most, which is below one percent of its size.
+// 130 entries at most, which is below two percent of its size.
 class ZENU_TEST_EXPORT BlockMap
 {
 public:
