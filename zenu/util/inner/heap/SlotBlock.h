@@ -41,6 +41,11 @@ struct ZENU_TEST_EXPORT SlotBlock
     }
     /// The slot at nextFree. The block is not full.
     unsigned char * take();
+    /// Brings the slot at nextFree near, since it is written next. The block is not full.
+    void fetchNext() const
+    {
+        __builtin_prefetch(data + static_cast<std::size_t>(nextFree) * slotSize, 1);
+    }
     /// Slot number `slot`, which is taken.
     void give(int slot);
 

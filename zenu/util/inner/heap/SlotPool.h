@@ -27,6 +27,8 @@ public:
         unsigned char * const slot = block->take();
         if (block->isFull()) {
             close(block);
+        } else {
+            block->fetchNext();
         }
         return slot;
     }
