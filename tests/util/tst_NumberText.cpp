@@ -44,6 +44,7 @@ private Q_SLOTS:
     void readNumber_text_sameAsStrtod_data();
     void readNumber_text_sameAsStrtod();
     void readNumber_anyDouble_comesBack();
+    void readNumber_fewDigits_sameAsStrtod();
     void readNumber_lastInsideTheNumber_stopsThere();
     void appendFixed_anyDouble_sameAsPrintf();
     void appendGeneral_anyDouble_sameAsPrintf();
@@ -158,6 +159,26 @@ void tst_NumberText::readNumber_anyDouble_comesBack()
         QCOMPARE(readNumber(text.data(), text.data() + text.size(), &read),
                  text.data() + text.size());
         QVERIFY2(read == value, text.c_str());
+    }
+}
+
+// Around the number of digits up to which one division is exact.
+void tst_NumberText::readNumber_fewDigits_sameAsStrtod()
+{
+    std::mt19937_64 random(4);
+    for (int i = 0; i < 200'000; ++i) {
+        std::string text;
+        for (std::size_t count = random() % 19; count > 0; --count) {
+            text += static_cast<char>('0' + random() % 10);
+        }
+        text.insert(random() % (text.size() + 1), i % 8 ? "." : "");
+        text += i % 16 ? "" : "e1";
+        char * end = nullptr;
+        double const expected = std::strtod(text.c_str(), &end);
+        double value = 0;
+        char const * const found = readNumber(text.data(), text.data() + text.size(), &value);
+        QCOMPARE(found, end == text.c_str() ? nullptr : end);
+        QVERIFY2(value == expected, text.c_str());
     }
 }
 
