@@ -88,7 +88,8 @@ public:
     char const * getDefaultString(int id) const;
 
     /// Takes every setting that has a name from `store`. One that the store does not hold is at its
-    /// default afterwards, so this also takes back what was set and not saved.
+    /// default afterwards, so this also takes back what was set and not saved. Null changes
+    /// nothing.
     void load(IConfigStore * store);
 
     /// Writes every changed setting that has a name to `store`, in no particular order.
