@@ -51,6 +51,7 @@ public:
             m_view->step();
         }
         QApplication::processEvents();
+        QSignalBlocker const quiet(m_view); // the picture of the window is a paint, too
         if (grab().save(file)) {
             return 0;
         }
