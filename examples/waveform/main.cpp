@@ -63,7 +63,7 @@ private:
     void showCounts()
     {
         m_counts->setText(
-            tr("%L1 samples. The waveform was painted %2 times; the sprites moved %3 times.")
+            tr("%L1 samples. Paints of the waveform: %L2. Frames of the sprites: %L3.")
                 .arg(m_samples)
                 .arg(m_view->paints())
                 .arg(m_view->frames()));
