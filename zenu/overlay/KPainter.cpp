@@ -1,5 +1,7 @@
 #include "zenu/overlay/KPainter.h"
 
+#include "zenu/overlay/inner/InnerOutline.h"
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPaintEngine>
@@ -47,24 +49,6 @@ void fillLine(KPainter * painter, int x, int y, int w, int h, QColor const & col
 {
     if (w > 0 && h > 0) {
         painter->fastRectangle(x, y, w, h, color);
-    }
-}
-
-// Four filled strips instead of drawRect: at a device pixel ratio other than 1 a pen lies astride
-// the edge, filled rectangles stay inside it.
-void drawInnerOutline(QPainter * painter, QRect const & rect, QColor const & color)
-{
-    QBrush const brush(color);
-    painter->fillRect(rect.left(), rect.top(), rect.width(), 1, brush);
-    if (rect.height() > 1) {
-        painter->fillRect(rect.left(), rect.bottom(), rect.width(), 1, brush);
-    }
-    int const sideHeight = rect.height() - 2;
-    if (sideHeight > 0) {
-        painter->fillRect(rect.left(), rect.top() + 1, 1, sideHeight, brush);
-        if (rect.width() > 1) {
-            painter->fillRect(rect.right(), rect.top() + 1, 1, sideHeight, brush);
-        }
     }
 }
 
