@@ -327,6 +327,9 @@ void KColorButton::popupTimerDone()
         return;
     setDown(false);
     setAutoRepeat(d->savedAutoRepeat);
+    // The mouse may have left while the menu took its events.
+    if (d->hovering && !rect().contains(mapFromGlobal(QCursor::pos())))
+        setHovering(false);
     // A platform sends the press that closed the menu again at once, or never.
     if (d->discardNextMouseEvent)
         QTimer::singleShot(0, this, [this] { d->discardNextMouseEvent = false; });

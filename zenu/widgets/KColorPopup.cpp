@@ -174,7 +174,7 @@ void KColorPopup::makeGrid()
     }
 }
 
-// The text of the action is never drawn; it is what typing a first letter finds.
+// The text of the action is never drawn: it is for who looks at the actions.
 QAction * KColorPopup::addEntry(QWidget * widget)
 {
     auto * const action = new QWidgetAction(this);

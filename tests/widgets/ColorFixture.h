@@ -1,0 +1,149 @@
+#pragma once
+
+#include <zenu/widgets/KColorButton.h>
+#include <zenu/widgets/KColorPopup.h>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QWidgetAction>
+
+#include <functional>
+
+namespace zenutest {
+
+// As Test::init, but lets pass what the offscreen platform says of each popup and each window.
+inline void failOnOtherWarnings()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(
+        "^(?!This plugin does not support (grabbing the keyboard|raise|propagateSizeHints))")));
+}
+
+// Counts what a button is asked to draw, and reaches what is protected.
+class Button : public zenu::KColorButton
+{
+public:
+    using KColorButton::KColorButton;
+
+    void drawButton(QPainter * painter) override
+    {
+        ++drawn;
+        KColorButton::drawButton(painter);
+    }
+    void paletteChange(QPalette const & before) override { palettes << before; }
+
+    int drawn = 0;
+    QList<QPalette> palettes;
+};
+
+// A window with a button in it, shown away from the edges of the screen.
+class Window : public QWidget
+{
+public:
+    Window()
+        : button(new Button(this))
+    {
+        button->setGeometry(100, 100, 60, 30);
+        resize(400, 300);
+    }
+    // A button that stays down would make the moves of later tests drags.
+    ~Window() override
+    {
+        if (m_isDown)
+            release(elsewhere());
+    }
+
+    bool open(QPoint const & pos = QPoint(50, 50))
+    {
+        move(pos);
+        show();
+        return QTest::qWaitForWindowExposed(this);
+    }
+
+    // A gesture of the mouse as the platform reports it: a popup takes it if one is open.
+    void press(QPoint const & pos)
+    {
+        m_isDown = true;
+        QTest::mousePress(windowHandle(), Qt::LeftButton, {}, pos);
+    }
+    void release(QPoint const & pos)
+    {
+        m_isDown = false;
+        QTest::mouseRelease(windowHandle(), Qt::LeftButton, {}, pos);
+    }
+    void click(QPoint const & pos)
+    {
+        press(pos);
+        release(pos);
+    }
+    // The middle of the button, and the middle of its arrow part.
+    QPoint onButton() const { return button->geometry().center(); }
+    QPoint onArrow() const { return QPoint(button->geometry().right() - 3, onButton().y()); }
+    QPoint onSwatch() const { return QPoint(button->geometry().left() + 3, onButton().y()); }
+    QPoint elsewhere() const { return QPoint(5, 5); }
+
+    QPointer<Button> button;
+
+private:
+    bool m_isDown = false;
+};
+
+// Runs `step` from the menu's own event loop, once, when it opens next. A menu that is still open
+// some seconds later is closed, so that a test fails instead of standing still.
+inline void whenOpen(QMenu & menu, std::function<void()> step)
+{
+    auto * const once = new QObject(&menu);
+    QObject::connect(&menu, &QMenu::aboutToShow, once, [once, &menu, step] {
+        once->deleteLater();
+        QTimer::singleShot(0, &menu, [&menu, step] {
+            static_cast<void>(QTest::qWaitForWindowExposed(&menu));
+            step();
+        });
+        QTimer::singleShot(5000, &menu, [&menu] { menu.close(); });
+    });
+}
+
+// The events that are waiting, and timers of a few milliseconds.
+inline void settle()
+{
+    QTest::qWait(40);
+}
+
+// The parts of a colour popup.
+struct PopupParts
+{
+    explicit PopupParts(zenu::KColorPopup const & popup)
+    {
+        QList<QAction *> const actions = popup.actions();
+        for (int i = 0; i < actions.size() && i < 3; ++i)
+            widgets[i] = qobject_cast<QWidgetAction *>(actions.at(i))->defaultWidget();
+        standard = qobject_cast<zenu::KColorButton *>(widgets[0]);
+        other = qobject_cast<zenu::KColorButton *>(widgets[2]);
+        for (QObject * const child : widgets[1]->children()) {
+            if (auto * const button = qobject_cast<zenu::KColorButton *>(child))
+                swatches << button;
+        }
+    }
+
+    // Which button looks current: "default", "other", the index of a swatch, or "none".
+    QByteArray lit() const
+    {
+        QByteArrayList names;
+        if (standard->uses3D())
+            names << "default";
+        for (int i = 0; i < swatches.size(); ++i) {
+            if (swatches.at(i)->uses3D())
+                names << QByteArray::number(i);
+        }
+        if (other->uses3D())
+            names << "other";
+        return names.isEmpty() ? "none" : names.join(' ');
+    }
+
+    QWidget * widgets[3] = {};
+    zenu::KColorButton * standard = nullptr;
+    zenu::KColorButton * other = nullptr;
+    QList<zenu::KColorButton *> swatches;
+};
+
+} // namespace zenutest
