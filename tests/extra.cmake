@@ -59,3 +59,16 @@ foreach(folder grid_blit header)
             ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=${ratio}" TIMEOUT 600)
     endforeach()
 endforeach()
+
+# Menus that take the mouse of a display server, and at a ratio where widgets in them scale.
+if(XVFB_RUN)
+    foreach(class tst_ColorButtonPopup tst_KColorPopup tst_ColorPopupInput)
+        foreach(ratio 1 2)
+            add_test(NAME ${class}_xcb_${ratio} COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24"
+                     $<TARGET_FILE:tests_widgets> -class ${class})
+            set_tests_properties(${class}_xcb_${ratio} PROPERTIES
+                ENVIRONMENT "${zenu_test_environment};QT_QPA_PLATFORM=xcb;QT_SCALE_FACTOR=${ratio}"
+                TIMEOUT 600 RESOURCE_LOCK display_server)
+        endforeach()
+    endforeach()
+endif()

@@ -15,8 +15,9 @@ namespace zenutest {
 // As Test::init, but lets pass what the offscreen platform says of each popup and each window.
 inline void failOnOtherWarnings()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(
-        "^(?!This plugin does not support (grabbing the keyboard|raise|propagateSizeHints))")));
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^(?!This plugin does not support (grabbing the "
+                                          "keyboard|raise|lower|propagateSizeHints))")));
 }
 
 // Counts what a button is asked to draw, and reaches what is protected.

@@ -36,10 +36,11 @@ struct Scene
     int pressed = 0;
 };
 
-void sendPress(QWidget & receiver, QPoint const & global, QEvent::Type type)
+void sendPress(QWidget & receiver, QPoint const & global, QEvent::Type type, quint64 time = 0)
 {
     QMouseEvent event(type, receiver.mapFromGlobal(global), global, Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
+    event.setTimestamp(time);
     QApplication::sendEvent(&receiver, &event);
 }
 
@@ -70,9 +71,11 @@ private Q_SLOTS:
     void rightButton_opensNothing();
     void secondClick_closesWithoutReopening_data();
     void secondClick_closesWithoutReopening();
-    void doubleClick_whileOpen_closes();
+    void doubleClick_fasterThanTheEventLoop_closes();
     void discard_takesThePressThatIsSentAgain_data();
     void discard_takesThePressThatIsSentAgain();
+    void discard_takesBothHalvesOfADoubleClick();
+    void discard_pressThatIsNotSentAgain_isForgotten();
     void discard_pressElsewhere_isNotDiscarded();
     void whileOpen_autoRepeatIsOff();
     void whileOpen_theButtonIsNotFlat();
@@ -243,7 +246,7 @@ void tst_ColorButtonPopup::secondClick_closesWithoutReopening()
     }
 }
 
-void tst_ColorButtonPopup::doubleClick_whileOpen_closes()
+void tst_ColorButtonPopup::doubleClick_fasterThanTheEventLoop_closes()
 {
     Scene scene(0);
     Window & window = scene.window;
@@ -254,12 +257,9 @@ void tst_ColorButtonPopup::doubleClick_whileOpen_closes()
     });
     window.press(window.onArrow());
     settle();
-    // Closed by the first click, opened by the second at most; never left half open.
-    whenOpen(*scene.menu, [] {});
-    scene.menu->close();
-    settle();
+    QCOMPARE(scene.opened, 1);
     QVERIFY(!scene.menu->isVisible());
-    QVERIFY(!window.button->isDown());
+    QCOMPARE(scene.pressed, 0);
 }
 
 void tst_ColorButtonPopup::discard_takesThePressThatIsSentAgain_data()
@@ -290,6 +290,43 @@ void tst_ColorButtonPopup::discard_takesThePressThatIsSentAgain()
     // One press, not more.
     whenOpen(*scene.menu, [&] { scene.menu->close(); });
     sendPress(*window.button, window.mapToGlobal(window.onArrow()), type);
+    QCOMPARE(scene.opened, 2);
+}
+
+// A platform reports the second press of a double click twice, at one time: to the menu and, when
+// that has closed, to the button; and the press that closed the menu is sent again.
+void tst_ColorButtonPopup::discard_takesBothHalvesOfADoubleClick()
+{
+    Scene scene(0);
+    Window & window = scene.window;
+    QVERIFY(window.open());
+    QPoint const global = window.mapToGlobal(window.onArrow());
+    whenOpen(*scene.menu, [&] {
+        sendPress(*scene.menu, global, QEvent::MouseButtonPress, 77);
+        sendPress(*window.button, global, QEvent::MouseButtonDblClick, 77);
+    });
+    window.press(window.onArrow());
+    settle();
+    sendPress(*window.button, global, QEvent::MouseButtonPress, 77);
+    QCOMPARE(scene.opened, 1);
+    QCOMPARE(scene.pressed, 0);
+    whenOpen(*scene.menu, [&] { scene.menu->close(); });
+    sendPress(*window.button, global, QEvent::MouseButtonPress, 78);
+    QCOMPARE(scene.opened, 2);
+}
+
+void tst_ColorButtonPopup::discard_pressThatIsNotSentAgain_isForgotten()
+{
+    Scene scene(0);
+    Window & window = scene.window;
+    QVERIFY(window.open());
+    QPoint const global = window.mapToGlobal(window.onArrow());
+    whenOpen(*scene.menu, [&] { sendPress(*scene.menu, global, QEvent::MouseButtonPress, 77); });
+    window.press(window.onArrow());
+    QVERIFY(!scene.menu->isVisible());
+    settle();
+    whenOpen(*scene.menu, [&] { scene.menu->close(); });
+    sendPress(*window.button, global, QEvent::MouseButtonPress, 78);
     QCOMPARE(scene.opened, 2);
 }
 
@@ -502,7 +539,7 @@ void tst_ColorButtonPopup::position_byTheRule()
     QFETCH(bool, reversed);
     std::unique_ptr<RightToLeft> const direction(reversed ? new RightToLeft : nullptr);
     QMenu menu;
-    menu.addAction(QStringLiteral("An action with a long text"));
+    menu.addAction(QStringLiteral("An action"));
     QToolBar bar;
     bar.setOrientation(vertical ? Qt::Vertical : Qt::Horizontal);
     bar.resize(200, 200);
@@ -510,7 +547,7 @@ void tst_ColorButtonPopup::position_byTheRule()
     button->setGeometry(60, 60, 40, 30);
     button->setPopup(&menu);
     button->setPopupDelay(-1);
-    bar.move(300, 200);
+    bar.move(bar.screen()->availableGeometry().topLeft() + QPoint(80, 60));
     bar.show();
     button->show();
     QVERIFY(QTest::qWaitForWindowExposed(&bar));

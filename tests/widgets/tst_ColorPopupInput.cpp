@@ -69,6 +69,10 @@ private Q_SLOTS:
     void mouse_lightsWhatItIsOver();
     void mouse_thenKeys_goOnFromThere();
     void keys_thenMouse_lightsOneOnly();
+    void rightClick_onAnEntry_doesNothing();
+    void drag_ofTheOpeningPress_picks();
+    void drag_withoutAMove_doesNotPick();
+    void drag_fromOneSwatchToAnother_picksTheOther();
     void closing_leavesNothingLit();
     void focus_staysWithTheMenu();
     void highlight_ofTheMenu_isNotDrawnBelowTheEntries();
@@ -253,6 +257,77 @@ void tst_ColorPopupInput::keys_thenMouse_lightsOneOnly()
     QTest::mouseMove(popup.windowHandle(), first.mapTo(&popup, QPoint(3, 3)));
     QTRY_COMPARE(popup.parts.lit(), QByteArray("1"));
     popup.close();
+}
+
+void tst_ColorPopupInput::rightClick_onAnEntry_doesNothing()
+{
+    OpenPopup popup;
+    QVERIFY(popup.open());
+    for (QWidget * const button : {popup.parts.standard, popup.parts.swatches.at(2)}) {
+        popup.mouseTo(*button);
+        QTest::mouseClick(popup.windowHandle(), Qt::RightButton, {},
+                          button->mapTo(&popup, button->rect().center()));
+        QVERIFY(popup.isVisible());
+    }
+    QVERIFY(popup.picks.isEmpty());
+    popup.close();
+}
+
+void tst_ColorPopupInput::drag_ofTheOpeningPress_picks()
+{
+    OpenPopup popup;
+    zenutest::Window window;
+    QVERIFY(window.open());
+    window.button->setPopup(&popup);
+    QByteArray lit;
+    zenutest::whenOpen(popup, [&] {
+        QWidget & swatch = *popup.parts.swatches.at(4);
+        QPoint const pos = swatch.mapTo(&popup, swatch.rect().center());
+        QTest::mouseMove(popup.windowHandle(), pos);
+        QTest::mouseMove(popup.windowHandle(), pos + QPoint(1, 1));
+        settle();
+        lit = popup.parts.lit();
+        QTest::mouseRelease(popup.windowHandle(), Qt::LeftButton, {}, pos + QPoint(1, 1));
+    });
+    QTest::mouseMove(window.windowHandle(), window.onButton());
+    window.press(window.onButton());
+    QTRY_COMPARE(popup.picks.size(), 1);
+    QCOMPARE(lit, QByteArray("4"));
+    QCOMPARE(popup.picks.at(0), QColor(standardColors[4]));
+    QVERIFY(!popup.isVisible());
+}
+
+void tst_ColorPopupInput::drag_withoutAMove_doesNotPick()
+{
+    OpenPopup popup;
+    QVERIFY(popup.open());
+    QWidget & swatch = *popup.parts.swatches.at(1);
+    QPoint const pos = swatch.mapTo(&popup, swatch.rect().center());
+    popup.close();
+    QCursor::setPos(popup.pos() + pos); // it opens under the mouse
+    QVERIFY(popup.open());
+    QTest::mouseRelease(popup.windowHandle(), Qt::LeftButton, {}, pos);
+    QVERIFY(popup.picks.isEmpty());
+    QVERIFY(popup.isVisible());
+    popup.close();
+    QCursor::setPos(0, 0);
+}
+
+void tst_ColorPopupInput::drag_fromOneSwatchToAnother_picksTheOther()
+{
+    OpenPopup popup;
+    QVERIFY(popup.open());
+    auto const centre = [&popup](int index) {
+        QWidget & swatch = *popup.parts.swatches.at(index);
+        return swatch.mapTo(&popup, swatch.rect().center());
+    };
+    popup.mouseTo(*popup.parts.swatches.at(0));
+    QTest::mousePress(popup.windowHandle(), Qt::LeftButton, {}, centre(0));
+    QTest::mouseMove(popup.windowHandle(), centre(5));
+    QTRY_COMPARE(popup.parts.lit(), QByteArray("5"));
+    QTest::mouseRelease(popup.windowHandle(), Qt::LeftButton, {}, centre(5));
+    QCOMPARE(popup.picks, QList<QColor>{QColor(standardColors[5])});
+    QVERIFY(!popup.isVisible());
 }
 
 void tst_ColorPopupInput::closing_leavesNothingLit()

@@ -1,20 +1,15 @@
 #include "zenu/widgets/KColorPopup.h"
 
 #include "zenu/widgets/KColorButton.h"
-#include "zenu/widgets/inner/GridWalk.h"
+#include "zenu/widgets/inner/KColorPopupPrivate.h"
 #include "zenu/widgets/inner/StandardColors.h"
 
-#include <QtCore/QPointer>
-#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QGridLayout>
-#include <QtWidgets/QStyleOptionMenuItem>
 #include <QtWidgets/QWidgetAction>
 
-#include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace zenu {
 
@@ -58,62 +53,6 @@ KColorButton * makeSwatch(QWidget * parent, QColor const & color)
 }
 
 } // namespace
-
-struct KColorPopup::PrivateData
-{
-    PrivateData(int rowCount, int columnCount, unsigned int const * table)
-        : rows(table && columnCount > 0 ? std::max(rowCount, 0) : 0)
-        , columns(rows > 0 ? columnCount : 0)
-        , colors(table)
-    {
-    }
-
-    int rows;
-    int columns;
-    bool menuFadeEffect = false; // as it was before the popup was shown, if fadeIsOff
-    bool fadeIsOff = false;
-    // An application may remove entries, as from any menu.
-    QPointer<QWidget> grid;
-    QPointer<KColorButton> defaultButton;
-    QPointer<KColorButton> otherButton;
-    std::vector<KColorButton *> buttons; // children of the grid
-    QColor defaultColor;
-    QColor currentColor;
-    unsigned int const * colors;
-
-    // The menu's own current action and the button that looks hovered go together. The grid is one
-    // action; which swatch of it is meant, only the button says.
-    QAction * actionOf(KColorButton const * button) const;
-    bool isEntry(QAction const * action) const;
-    int indexInGrid(KColorButton const * button) const;
-
-    QPointer<QAction> defaultAction;
-    QPointer<QAction> gridAction;
-    QPointer<QAction> otherAction;
-    QPointer<KColorButton> lit;
-    int column = 0; // where the keyboard enters the grid
-    bool fromBelow = false;
-};
-
-QAction * KColorPopup::PrivateData::actionOf(KColorButton const * button) const
-{
-    if (!button)
-        return nullptr;
-    if (button == defaultButton)
-        return defaultAction;
-    return button == otherButton ? otherAction : gridAction;
-}
-
-bool KColorPopup::PrivateData::isEntry(QAction const * action) const
-{
-    return action && (action == defaultAction || action == gridAction || action == otherAction);
-}
-
-int KColorPopup::PrivateData::indexInGrid(KColorButton const * button) const
-{
-    auto const found = std::find(buttons.begin(), buttons.end(), button);
-    return found == buttons.end() ? -1 : int(found - buttons.begin());
-}
 
 KColorPopup::KColorPopup()
     : KColorPopup(standardRows, standardColumns, standardColors.data(), QColor(standardColors[0]))
@@ -260,6 +199,7 @@ void KColorPopup::beforeShow()
     QApplication::setEffectEnabled(Qt::UI_FadeMenu, false);
     if (d->defaultButton)
         d->defaultButton->setFillColor(d->defaultColor);
+    d->openedAt = QCursor::pos();
 }
 
 void KColorPopup::beforeHide()
@@ -273,82 +213,6 @@ void KColorPopup::restoreFadeEffect()
 {
     if (std::exchange(d->fadeIsOff, false))
         QApplication::setEffectEnabled(Qt::UI_FadeMenu, d->menuFadeEffect);
-}
-
-// The mouse makes the button under it the current one.
-bool KColorPopup::eventFilter(QObject * watched, QEvent * event)
-{
-    auto * const button = qobject_cast<KColorButton *>(watched);
-    if (!button)
-        return QMenu::eventFilter(watched, event);
-    if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove) {
-        light(button);
-        setActiveAction(d->actionOf(button));
-    } else if (event->type() == QEvent::Leave && d->lit == button) {
-        light(nullptr);
-        setActiveAction(nullptr);
-    }
-    return QMenu::eventFilter(watched, event);
-}
-
-void KColorPopup::light(KColorButton * button)
-{
-    if (d->lit == button)
-        return;
-    if (d->lit)
-        d->lit->setHovering(false);
-    d->lit = button;
-    if (button)
-        button->setHovering(true);
-    if (int const index = d->indexInGrid(button); index >= 0)
-        d->column = index % d->columns;
-}
-
-// The menu has made `action` the current one.
-void KColorPopup::lightEntryOf(QAction * action)
-{
-    if (d->lit && action == d->actionOf(d->lit))
-        return;
-    if (action == d->gridAction && !d->buttons.empty())
-        light(
-            d->buttons[size_t(d->fromBelow ? (d->rows - 1) * d->columns : 0) + size_t(d->column)]);
-    else if (action == d->defaultAction)
-        light(d->defaultButton);
-    else
-        light(action == d->otherAction ? d->otherButton : nullptr);
-}
-
-// Arrow keys walk the grid before they walk the menu.
-void KColorPopup::keyPressEvent(QKeyEvent * event)
-{
-    int const key = event->key();
-    if (d->lit && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)) {
-        event->accept();
-        d->lit->click();
-        return;
-    }
-    int const next = gridWalk(d->indexInGrid(d->lit), key, d->rows, d->columns, isRightToLeft());
-    if (next >= 0) {
-        event->accept();
-        light(d->buttons[size_t(next)]);
-        return;
-    }
-    // The menu forgets its current action when the mouse leaves it, also where the keyboard has
-    // moved on.
-    if (d->lit && activeAction() != d->actionOf(d->lit))
-        setActiveAction(d->actionOf(d->lit));
-    d->fromBelow = key == Qt::Key_Up || key == Qt::Key_Backtab;
-    QMenu::keyPressEvent(event);
-}
-
-// The entries show themselves which one is the current one.
-void KColorPopup::initStyleOption(QStyleOptionMenuItem * option, QAction const * action) const
-{
-    QMenu::initStyleOption(option, action);
-    if (d->isEntry(action)) {
-        option->state &= ~QStyle::State_Selected;
-        option->text.clear();
-    }
 }
 
 } // namespace zenu

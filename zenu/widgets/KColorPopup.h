@@ -57,6 +57,9 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject * watched, QEvent * event) override;
     void keyPressEvent(QKeyEvent * event) override;
+    void mousePressEvent(QMouseEvent * event) override;
+    void mouseMoveEvent(QMouseEvent * event) override;
+    void mouseReleaseEvent(QMouseEvent * event) override;
     void initStyleOption(QStyleOptionMenuItem * option, QAction const * action) const override;
 
 private Q_SLOTS:
@@ -73,6 +76,9 @@ private:
     QAction * addEntry(QWidget * widget);
     bool closeWithCauses();
     void restoreFadeEffect();
+    KColorButton * buttonAt(QPoint const & global) const;
+    bool isOverEntry(QMouseEvent const & event) const;
+    void makeCurrent(KColorButton * button);
     void light(KColorButton * button);
     void lightEntryOf(QAction * action);
 
