@@ -62,7 +62,7 @@ endforeach()
 
 # Menus that take the mouse of a display server, and at a ratio where widgets in them scale.
 if(XVFB_RUN)
-    foreach(class tst_ColorButtonPopup tst_KColorPopup tst_ColorPopupInput)
+    foreach(class tst_ColorButtonPopup tst_KColorPopup tst_ColorPopupInput tst_PageSelectorInput)
         foreach(ratio 1 2)
             add_test(NAME ${class}_xcb_${ratio} COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24"
                      $<TARGET_FILE:tests_widgets> -class ${class})
@@ -72,3 +72,17 @@ if(XVFB_RUN)
         endforeach()
     endforeach()
 endif()
+
+# Drags by a mouse that xdotool moves, and dialogs at another ratio.
+if(XVFB_RUN)
+    add_test(NAME real_drags COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24"
+             $<TARGET_FILE:tests_events> -class tst_RealDrag)
+    set_tests_properties(real_drags PROPERTIES
+        ENVIRONMENT "${zenu_test_environment};QT_QPA_PLATFORM=xcb"
+        TIMEOUT 600 RESOURCE_LOCK display_server)
+endif()
+foreach(class FileDialogRows KPageSelector PageSelectorInput)
+    add_test(NAME ${class}_2 COMMAND tests_widgets -class tst_${class})
+    set_tests_properties(${class}_2 PROPERTIES
+        ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=2" TIMEOUT 600)
+endforeach()
