@@ -14,6 +14,8 @@ private Q_SLOTS:
     void init() { initSelectorTest(); }
     void construction_popupWithoutParent();
     void construction_sizesAndItems();
+    void text_fitsItsPlace_data();
+    void text_fitsItsPlace();
     void items_standInTheMiddle_data();
     void items_standInTheMiddle();
     void images_arePages();
@@ -64,6 +66,43 @@ void tst_KPageSelector::construction_sizesAndItems()
     QCOMPARE(label->frameShadow(), QFrame::Sunken);
     QCOMPARE(label->minimumSize(), QSize(gridSize.width(), 24));
     QCOMPARE(label->maximumSize(), QSize(gridSize.width(), 24));
+}
+
+void tst_KPageSelector::text_fitsItsPlace_data()
+{
+    QTest::addColumn<int>("pointSize");
+    QTest::addColumn<int>("columnCount");
+    for (int pointSize : {7, 12, 20, 48}) {
+        for (int columnCount : {3, 6, 20}) {
+            QTest::addRow("%d points, %d columns", pointSize, columnCount)
+                << pointSize << columnCount;
+        }
+    }
+}
+
+void tst_KPageSelector::text_fitsItsPlace()
+{
+    QFETCH(int, pointSize);
+    QFETCH(int, columnCount);
+    Selector selector(3, columnCount);
+    QFont const usual = selector.label()->font();
+    QFont font = selector.font();
+    font.setPointSize(pointSize);
+    selector.setFont(font);
+    selector.dragTo(middle(3, columnCount));
+    QLabel const & label = *selector.label();
+    QSize const text = label.fontMetrics().size(0, label.text());
+    QVERIFY(text.width() <= label.contentsRect().width());
+    QVERIFY(text.height() <= label.contentsRect().height());
+    QVERIFY(label.fontInfo().pixelSize() <= QFontInfo(font).pixelSize());
+    // A font that fits is used as it is, also after a larger one.
+    if (pointSize == 7 && columnCount == 20) {
+        QCOMPARE(label.font().pointSize(), 7);
+    }
+    selector.setFont(QFont());
+    if (columnCount == 20) {
+        QCOMPARE(label.font(), usual);
+    }
 }
 
 void tst_KPageSelector::items_standInTheMiddle_data()

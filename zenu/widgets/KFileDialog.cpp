@@ -90,7 +90,7 @@ void layOut(QLayout * layout)
     }
 }
 
-void free(QWidget & widget)
+void letGrow(QWidget & widget)
 {
     widget.setMinimumSize(0, 0);
     widget.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -127,10 +127,10 @@ void KFileDialog::PrivateData::freeRows()
 {
     for (AddedRow const & row : rows) {
         if (row.label) {
-            free(*row.label);
+            letGrow(*row.label);
         }
         if (row.button) {
-            free(*row.button);
+            letGrow(*row.button);
         }
     }
 }
@@ -230,8 +230,8 @@ void KFileDialog::addWidgetsAdjusted(QLabel * label, QWidget * widget, QPushButt
     }
     grid->addWidget(button, row, ButtonColumn);
     d->rows.append({label, button});
-    free(*label);
-    free(*button);
+    letGrow(*label);
+    letGrow(*button);
     ensurePolished();
     layOut(grid); // a long text widens the column of the labels
     layOut(buttonBox(*this)->layout());

@@ -3,6 +3,8 @@
 #include "zenu/widgets/KPixmapSet.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QFontInfo>
+#include <QtGui/QFontMetrics>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -19,6 +21,7 @@ namespace {
 
 constexpr int labelHeight = 24;
 constexpr int extraWidth = 6;
+constexpr int smallestText = 6; // pixels
 constexpr int extraHeight = 35; // the label, and the rest above and below
 
 // clang-format off
@@ -102,6 +105,11 @@ int extent(int count, int image, int extra)
     return static_cast<int>(std::clamp<qint64>(qint64(count) * image, 0, QWIDGETSIZE_MAX - extra));
 }
 
+QString pagesText(int rows, int columns)
+{
+    return QStringLiteral("%1 x %2 pages").arg(rows).arg(columns);
+}
+
 } // namespace
 
 struct ZENU_HIDDEN KPageSelector::PrivateData
@@ -110,6 +118,7 @@ struct ZENU_HIDDEN KPageSelector::PrivateData
 
     void addItem(QWidget * widget);
     void placeInTheMiddle();
+    void fitText();
     void selectAt(QPointF const & position);
     void select(int newRows, int newColumns);
     void pick();
@@ -160,6 +169,23 @@ void KPageSelector::PrivateData::placeInTheMiddle()
     q->setContentsMargins(left, top, left, top);
 }
 
+// The label does not grow, so a large font, or any over a narrow grid, becomes smaller: cut at both
+// ends the text would lose a number.
+void KPageSelector::PrivateData::fitText()
+{
+    label->setFont(QFont());
+    QFont font = label->font();
+    QSize const place = label->contentsRect().size();
+    auto const fits = [&] {
+        QSize const text = QFontMetrics(font, label).size(0, pagesText(rows, columns));
+        return text.width() <= place.width() && text.height() <= place.height();
+    };
+    for (int size = QFontInfo(font).pixelSize(); size > smallestText && !fits();) {
+        font.setPixelSize(--size);
+        label->setFont(font);
+    }
+}
+
 // The first page reaches from its own width before the grid to its end, as divisions go.
 void KPageSelector::PrivateData::selectAt(QPointF const & position)
 {
@@ -174,7 +200,7 @@ void KPageSelector::PrivateData::select(int newRows, int newColumns)
     selectedRows = newRows;
     selectedColumns = newColumns;
     area->update();
-    label->setText(QStringLiteral("%1 x %2 pages").arg(selectedRows).arg(selectedColumns));
+    label->setText(pagesText(selectedRows, selectedColumns));
 }
 
 void KPageSelector::PrivateData::pick()
@@ -216,6 +242,7 @@ KPageSelector::KPageSelector(QWidget *, int rows, int columns)
     d->label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     d->label->setFixedSize(d->gridSize.width(), labelHeight);
     d->addItem(d->label);
+    d->fitText();
 }
 
 KPageSelector::~KPageSelector() = default;
@@ -249,8 +276,11 @@ bool KPageSelector::eventFilter(QObject * watched, QEvent * event)
 void KPageSelector::changeEvent(QEvent * event)
 {
     QMenu::changeEvent(event);
-    if (event->type() == QEvent::StyleChange && d) {
+    if (event->type() == QEvent::StyleChange) {
         d->placeInTheMiddle();
+    }
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
+        d->fitText();
     }
 }
 
