@@ -36,6 +36,7 @@
 #include "zenu/scroll/KInPlaceEditor.h"
 #include "zenu/scroll/KScrolledWidget.h"
 #include "zenu/time/Frequency.h"
+#include "zenu/time/KClockWidget.h"
 #include "zenu/time/KSpinBoxWrapper.h"
 #include "zenu/time/KTimeBox.h"
 #include "zenu/time/KTimeEdit.h"
