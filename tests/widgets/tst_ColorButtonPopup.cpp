@@ -22,7 +22,10 @@ struct Scene
         menu->addAction(QStringLiteral("An action"));
         window.button->setPopup(menu.get());
         window.button->setPopupDelay(delay);
-        QObject::connect(menu.get(), &QMenu::aboutToShow, &window, [this] { ++opened; });
+        QObject::connect(menu.get(), &QMenu::aboutToShow, &window, [this] {
+            ++opened;
+            QTimer::singleShot(5000, menu.get(), &QWidget::close); // opened where it must not
+        });
         QObject::connect(window.button.data(), &QAbstractButton::clicked, &window,
                          [this] { ++clicked; });
         QObject::connect(window.button.data(), &QAbstractButton::pressed, &window,
