@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidgetAction>
 
 #include <functional>
+#include <memory>
 
 namespace zenutest {
 
@@ -87,6 +88,32 @@ public:
 
 private:
     bool m_isDown = false;
+};
+
+// A window whose button has a menu; counts how often it opens.
+struct Scene
+{
+    explicit Scene(int delay)
+        : menu(std::make_unique<QMenu>())
+    {
+        menu->addAction(QStringLiteral("An action"));
+        window.button->setPopup(menu.get());
+        window.button->setPopupDelay(delay);
+        QObject::connect(menu.get(), &QMenu::aboutToShow, &window, [this] {
+            ++opened;
+            QTimer::singleShot(5000, menu.get(), &QWidget::close); // opened where it must not
+        });
+        QObject::connect(window.button.data(), &QAbstractButton::clicked, &window,
+                         [this] { ++clicked; });
+        QObject::connect(window.button.data(), &QAbstractButton::pressed, &window,
+                         [this] { ++pressed; });
+    }
+
+    Window window;
+    std::unique_ptr<QMenu> menu;
+    int opened = 0;
+    int clicked = 0;
+    int pressed = 0;
 };
 
 // Runs `step` from the menu's own event loop, once, when it opens next. A menu that is still open

@@ -1,43 +1,16 @@
 #include "tests/support/TestMain.h"
 #include "tests/widgets/ColorFixture.h"
 
-#include <QtGui/QScreen>
 #include <QtWidgets/QStyle>
-#include <QtWidgets/QToolBar>
 
 using namespace zenu;
 using zenutest::Button;
+using zenutest::Scene;
 using zenutest::settle;
 using zenutest::whenOpen;
 using zenutest::Window;
 
 namespace {
-
-// A window whose button has a menu; counts how often it opens.
-struct Scene
-{
-    explicit Scene(int delay)
-        : menu(std::make_unique<QMenu>())
-    {
-        menu->addAction(QStringLiteral("An action"));
-        window.button->setPopup(menu.get());
-        window.button->setPopupDelay(delay);
-        QObject::connect(menu.get(), &QMenu::aboutToShow, &window, [this] {
-            ++opened;
-            QTimer::singleShot(5000, menu.get(), &QWidget::close); // opened where it must not
-        });
-        QObject::connect(window.button.data(), &QAbstractButton::clicked, &window,
-                         [this] { ++clicked; });
-        QObject::connect(window.button.data(), &QAbstractButton::pressed, &window,
-                         [this] { ++pressed; });
-    }
-
-    Window window;
-    std::unique_ptr<QMenu> menu;
-    int opened = 0;
-    int clicked = 0;
-    int pressed = 0;
-};
 
 void sendPress(QWidget & receiver, QPoint const & global, QEvent::Type type, quint64 time = 0)
 {
@@ -46,16 +19,6 @@ void sendPress(QWidget & receiver, QPoint const & global, QEvent::Type type, qui
     event.setTimestamp(time);
     QApplication::sendEvent(&receiver, &event);
 }
-
-// Reads right to left for as long as it lives.
-class RightToLeft
-{
-public:
-    RightToLeft() { QApplication::setLayoutDirection(Qt::RightToLeft); }
-    ~RightToLeft() { QApplication::setLayoutDirection(Qt::LeftToRight); }
-    RightToLeft(RightToLeft const &) = delete;
-    RightToLeft & operator=(RightToLeft const &) = delete;
-};
 
 } // namespace
 
@@ -79,6 +42,7 @@ private Q_SLOTS:
     void discard_takesThePressThatIsSentAgain();
     void discard_takesBothHalvesOfADoubleClick();
     void discard_pressThatIsNotSentAgain_isForgotten();
+    void discard_pressWhileASubmenuIsOpen_isDiscarded();
     void discard_pressElsewhere_isNotDiscarded();
     void whileOpen_autoRepeatIsOff();
     void whileOpen_theButtonIsNotFlat();
@@ -91,9 +55,6 @@ private Q_SLOTS:
     void menu_openByAnotherButton_isLeftAlone();
     void menu_exchanged_leavesTheOldOneAlone();
     void menu_reusedByTwoButtons();
-    void position_byTheRule_data();
-    void position_byTheRule();
-    void position_noRoomBelow_isAbove();
 };
 
 void tst_ColorButtonPopup::hold_opensAndReleaseKeepsItOpen()
@@ -333,6 +294,30 @@ void tst_ColorButtonPopup::discard_pressThatIsNotSentAgain_isForgotten()
     QCOMPARE(scene.opened, 2);
 }
 
+void tst_ColorButtonPopup::discard_pressWhileASubmenuIsOpen_isDiscarded()
+{
+    Scene scene(0);
+    Window & window = scene.window;
+    QMenu submenu;
+    submenu.addAction(QStringLiteral("Below"));
+    scene.menu->addMenu(&submenu);
+    QVERIFY(window.open());
+    bool submenuWasOpen = false;
+    whenOpen(*scene.menu, [&] {
+        window.release(window.onArrow());
+        scene.menu->setActiveAction(submenu.menuAction());
+        QTest::keyClick(scene.menu->windowHandle(), Qt::Key_Right);
+        submenuWasOpen = QTest::qWaitForWindowExposed(&submenu);
+        window.press(window.onArrow());
+    });
+    window.press(window.onArrow());
+    settle();
+    QVERIFY(submenuWasOpen);
+    QVERIFY(!submenu.isVisible());
+    QVERIFY(!scene.menu->isVisible());
+    QCOMPARE(scene.opened, 1);
+}
+
 void tst_ColorButtonPopup::discard_pressElsewhere_isNotDiscarded()
 {
     Scene scene(0);
@@ -524,69 +509,6 @@ void tst_ColorButtonPopup::menu_reusedByTwoButtons()
         QCOMPARE(pos, second->mapToGlobal(second->rect().bottomLeft()));
     }
     QCOMPARE(scene.opened, 4);
-}
-
-void tst_ColorButtonPopup::position_byTheRule_data()
-{
-    QTest::addColumn<bool>("vertical");
-    QTest::addColumn<bool>("reversed");
-    QTest::newRow("horizontal") << false << false;
-    QTest::newRow("horizontal, reversed") << false << true;
-    QTest::newRow("vertical") << true << false;
-    QTest::newRow("vertical, reversed") << true << true;
-}
-
-void tst_ColorButtonPopup::position_byTheRule()
-{
-    QFETCH(bool, vertical);
-    QFETCH(bool, reversed);
-    std::unique_ptr<RightToLeft> const direction(reversed ? new RightToLeft : nullptr);
-    QMenu menu;
-    menu.addAction(QStringLiteral("An action"));
-    QToolBar bar;
-    bar.setOrientation(vertical ? Qt::Vertical : Qt::Horizontal);
-    bar.resize(200, 200);
-    auto * const button = new Button(&bar);
-    button->setGeometry(60, 60, 40, 30);
-    button->setPopup(&menu);
-    button->setPopupDelay(-1);
-    bar.move(bar.screen()->availableGeometry().topLeft() + QPoint(80, 60));
-    bar.show();
-    button->show();
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    QPoint pos;
-    whenOpen(menu, [&] {
-        pos = menu.pos();
-        menu.close();
-    });
-    QTest::mouseClick(bar.windowHandle(), Qt::LeftButton, {}, button->geometry().center());
-    QRect const rect(button->mapToGlobal(QPoint(0, 0)), button->size());
-    int const width = menu.sizeHint().width();
-    QPoint const expected[] = {
-        rect.bottomLeft(),
-        QPoint(rect.right() - width, rect.bottom()),
-        rect.topRight(),
-        QPoint(rect.left() - width, rect.top()),
-    };
-    QCOMPARE(pos, expected[(vertical ? 2 : 0) + (reversed ? 1 : 0)]);
-}
-
-void tst_ColorButtonPopup::position_noRoomBelow_isAbove()
-{
-    Scene scene(-1);
-    Window & window = scene.window;
-    QRect const screen = window.screen()->availableGeometry();
-    for (int i = 0; i < 3; ++i)
-        scene.menu->addAction(QStringLiteral("More"));
-    QVERIFY(window.open(QPoint(screen.left() + 50, screen.bottom() - 140)));
-    QPoint pos;
-    whenOpen(*scene.menu, [&] {
-        pos = scene.menu->pos();
-        scene.menu->close();
-    });
-    window.press(window.onButton());
-    QPoint const top = window.button->mapToGlobal(QPoint(0, 0));
-    QCOMPARE(pos, top - QPoint(0, scene.menu->sizeHint().height()));
 }
 
 ZENU_TEST(tst_ColorButtonPopup)
