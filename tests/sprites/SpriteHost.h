@@ -148,7 +148,9 @@ inline QRect deviceRect(QWidget const & widget, QRect const & r)
 {
     QPoint const at = widget.mapTo(widget.window(), r.topLeft());
     qreal const ratio = ratioOf(widget);
-    auto const edge = [ratio](int logical) { return qRound(logical * ratio); };
+    auto const edge = [ratio](int logical) {
+        return static_cast<int>(std::floor(logical * ratio + 0.5));
+    };
     QPoint const topLeft(edge(at.x()), edge(at.y()));
     return QRect(topLeft,
                  QPoint(edge(at.x() + r.width()), edge(at.y() + r.height())) - QPoint(1, 1));

@@ -35,9 +35,12 @@ QPaintDevice * redirection(QWidget const & widget, QPoint & offset)
     return (widget.*&OpenedWidget::redirected)(&offset);
 }
 
+// Halves go up, left of the window too, unlike in qRound: so a widget that moves by whole device
+// pixels, as in a scroll area, takes along every edge by as much.
 int deviceEdge(qint64 edge, qreal ratio)
 {
-    return qRound(std::clamp(static_cast<double>(edge) * ratio, -farAway, farAway));
+    double const device = std::clamp(static_cast<double>(edge) * ratio, -farAway, farAway);
+    return static_cast<int>(std::floor(device + 0.5));
 }
 
 QBackingStore * storeOf(QWidget const & host)
