@@ -27,6 +27,7 @@ function(zenu_ratio_tests folder)
 endfunction()
 
 zenu_ratio_tests(surface)
+zenu_ratio_tests(sprites)
 # An editor that lies still over a grid that scrolls; with a display server the focus really moves.
 zenu_ratio_tests(grid_editing)
 zenu_ratio_tests(grid_drag)
