@@ -89,7 +89,11 @@ class SceneMover
 {
 public:
     static constexpr char const * name = "QGraphicsView";
-    explicit SceneMover(int count);
+    explicit SceneMover(int count)
+        : SceneMover(count, QGraphicsView::SmartViewportUpdate)
+    {
+    }
+    SceneMover(int count, QGraphicsView::ViewportUpdateMode mode);
     bool step(Motion const & motion);
     int paints() const { return m_view.paints; }
 
@@ -103,6 +107,17 @@ private:
     QGraphicsScene m_scene;
     View m_view;
     std::vector<QGraphicsPixmapItem *> m_items;
+};
+
+// With one update of all of the view at each step, which many items need.
+class FullSceneMover : public SceneMover
+{
+public:
+    static constexpr char const * name = "QGraphicsView, full updates";
+    explicit FullSceneMover(int count)
+        : SceneMover(count, QGraphicsView::FullViewportUpdate)
+    {
+    }
 };
 
 class RegionMover

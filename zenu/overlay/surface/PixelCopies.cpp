@@ -19,6 +19,23 @@ PixelBits pixelBytes(QColor const & color, QImage::Format format)
     return bytes;
 }
 
+// Rows of small images are so short that calling memcpy for each would cost as much as the bytes.
+void copyBytes(uchar * to, uchar const * from, size_t count)
+{
+    constexpr size_t block = 64;
+    constexpr size_t manyBytes = 1024;
+    if (count < manyBytes) {
+        for (; count >= block; count -= block) {
+            std::memcpy(to, from, block);
+            to += block;
+            from += block;
+        }
+        if (count == 0)
+            return;
+    }
+    std::memcpy(to, from, count);
+}
+
 } // namespace
 
 PixelBits pixelDifference(QColor const & a, QColor const & b, QImage::Format format)
@@ -60,10 +77,12 @@ void copyPixels(QImage & to, QPoint toPos, QImage const & from, QPoint fromPos, 
     uchar * line = to.bits() + dest.top() * to.bytesPerLine() + qsizetype(dest.left()) * depth;
     uchar const * source =
         from.constBits() + first.y() * from.bytesPerLine() + qsizetype(first.x()) * depth;
+    qsizetype const lineStep = to.bytesPerLine();
+    qsizetype const sourceStep = from.bytesPerLine();
     for (int y = 0; y < dest.height(); ++y) {
-        std::memcpy(line, source, count);
-        line += to.bytesPerLine();
-        source += from.bytesPerLine();
+        copyBytes(line, source, count);
+        line += lineStep;
+        source += sourceStep;
     }
 }
 

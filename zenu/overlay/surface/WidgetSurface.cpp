@@ -356,12 +356,14 @@ void WidgetSurface::put(QImage const & buffer, QPoint const & at, QRect const & 
 {
     if (!isUsable() || buffer.isNull())
         return;
-    QImage const pixels =
-        buffer.format() == m_pixels.format() ? buffer : buffer.convertToFormat(m_pixels.format());
+    if (buffer.format() != m_pixels.format()) {
+        put(buffer.convertToFormat(m_pixels.format()), at, r);
+        return;
+    }
     QRect const whole = device(r);
     for (QRect const & writable : m_writable) {
         QRect const to = whole & writable;
-        copyPixels(m_pixels, to.topLeft(), pixels, at + to.topLeft() - whole.topLeft(), to.size());
+        copyPixels(m_pixels, to.topLeft(), buffer, at + to.topLeft() - whole.topLeft(), to.size());
     }
 }
 
