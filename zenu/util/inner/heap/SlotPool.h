@@ -76,7 +76,6 @@ private:
     BlockMap * m_map;
     ArenaArray<SlotBlock *> m_blocks; // entries may be null, the last one is not
     std::size_t m_slotSize;
-    std::uint64_t m_reciprocal;   // 0: divide
     SlotBlock * m_open = nullptr; // the last block with a free slot
     int m_openIndex = -1;
     IndexSet m_openBlocks;
