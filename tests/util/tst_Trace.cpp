@@ -34,11 +34,19 @@ QByteArray written()
     return text;
 }
 
+// As long as a login name may be.
+QByteArray const s_user = "Tester" + QByteArray(121, 'r');
+
+void trace(QByteArray const & user, char const * message)
+{
+    Trace(user.constData(), "%s", message);
+}
+
 // The login name is kept for the life of the process, so it is this one for all tests; only the
 // first test sees the process without.
 void logIn()
 {
-    qputenv("USERNAME", "Tester");
+    qputenv("USERNAME", s_user);
     Trace("", "hello");
     s_messages.clear();
 }
@@ -60,7 +68,8 @@ private Q_SLOTS:
     void message_isUnchanged();
     void message_ofAnyLength_isWhole_data();
     void message_ofAnyLength_isWhole();
-    void message_numbers_followTheLocaleOfTheProcess();
+    void message_numbers_areThoseOfTheCLocale();
+    void message_wideCharacters_areThoseOfTheProcess();
     void output_byDefault_isStandardError();
     void output_isExchanged_andTheOneBeforeAnswered();
     void output_thatTracesAndExchanges_isFine();
@@ -70,39 +79,39 @@ void tst_Trace::loginName_isKeptOnceItIsNotEmpty()
 {
     qunsetenv("USERNAME");
     Trace("", "unset");
-    Trace("Tester", "silent");
+    trace(s_user, "silent");
     QCOMPARE(written(), QByteArray("[unset]"));
 
     qputenv("USERNAME", "");
-    Trace("Tester", "silent");
+    trace(s_user, "silent");
     QCOMPARE(written(), QByteArray());
 
     QByteArray const tooLong(128, 'x'); // counts as empty
     qputenv("USERNAME", tooLong);
-    Trace(tooLong.constData(), "silent");
+    trace(tooLong, "silent");
     Trace("", "everyone");
     QCOMPARE(written(), QByteArray("[everyone]"));
 
-    qputenv("USERNAME", "Tester"); // an empty name is read again
-    Trace("Tester", "heard");
+    qputenv("USERNAME", s_user); // an empty name is read again
+    trace(s_user, "heard");
     QCOMPARE(written(), QByteArray("[heard]"));
 
     qputenv("USERNAME", "Other"); // a name that is not is kept
-    Trace("Other", "silent");
-    Trace("Tester", "heard");
+    trace("Other", "silent");
+    trace(s_user, "heard");
     qunsetenv("USERNAME");
-    Trace("Tester", "heard");
+    trace(s_user, "heard");
     QCOMPARE(written(), QByteArray("[heard][heard]"));
 }
 
 void tst_Trace::user_inAnyCase_isTheLoginName()
 {
     logIn();
-    Trace("tester", "1");
-    Trace("TESTER", "2");
-    Trace("Tester2", "3");
-    Trace("Teste", "4");
-    Trace(" Tester", "5");
+    trace(s_user.toLower(), "1");
+    trace(s_user.toUpper(), "2");
+    trace(s_user + '2', "3");
+    trace(s_user.chopped(1), "4");
+    trace(' ' + s_user, "5");
     QCOMPARE(written(), QByteArray("[1][2]"));
 }
 
@@ -159,14 +168,43 @@ void tst_Trace::message_ofAnyLength_isWhole()
     s_messages.clear();
 }
 
-void tst_Trace::message_numbers_followTheLocaleOfTheProcess()
+void tst_Trace::message_numbers_areThoseOfTheCLocale()
 {
     zenutest::GermanLocale const german;
     if (!german.isActive()) {
         QSKIP("the system has no German locale and can't make one");
     }
+    Trace("", "%g %.2f", 1.5, -0.25);
+    QCOMPARE(written(), QByteArray("[1.5 -0.25]"));
+    Trace("", "%3000.1f", 1.5); // too long for the first buffer
+    QCOMPARE(written(), '[' + QByteArray("1.5").rightJustified(3000) + ']');
+
+    char number[10];
+    std::snprintf(number, sizeof number, "%g", 1.5);
+    QCOMPARE(number, "1,5"); // the application keeps its locale
+    setTraceOutput([](char const *) {
+        char text[10];
+        std::snprintf(text, sizeof text, "%g", 1.5);
+        s_messages.emplace_back(text);
+    });
     Trace("", "%g", 1.5);
-    QCOMPARE(written(), QByteArray("[1,5]"));
+    setTraceOutput(&keepMessage);
+    QCOMPARE(written(), QByteArray("[1,5]")); // and so does the output
+}
+
+void tst_Trace::message_wideCharacters_areThoseOfTheProcess()
+{
+    zenutest::GermanLocale const german;
+    if (!german.isActive()) {
+        QSKIP("the system has no German locale and can't make one");
+    }
+    Trace("", "%ls %d", L"Gr\u00fc\u00dfe", 7); // in Latin-1
+    std::wstring const many(3000, L'\u00e4');
+    Trace("", "%ls", many.c_str());
+    Trace("", "%ls", L"\u4e00"); // not in it
+    QCOMPARE(written(), "[Gr\xfc\xdf"
+                        "e 7][" +
+                            QByteArray(3000, '\xe4') + ']');
 }
 
 void tst_Trace::output_byDefault_isStandardError()

@@ -18,8 +18,9 @@ namespace zenu {
 ///
 /// The login name is the environment variable USERNAME, read at the first call. Once it is not
 /// empty it is kept for the life of the process; a name of 128 bytes and more counts as empty. The
-/// message is formatted as by printf, so the process's locale decides how its numbers look, unlike
-/// everywhere else in the library; it may have any length, and no line end is added.
+/// message is formatted as by printf in the C locale, so that a point is a point, and in that of
+/// the process only if it has wide characters that the C locale lacks; it may have any length, and
+/// no line end is added.
 ZENU_EXPORT void Trace(char const * user, char const * format, ...) ZENU_PRINTF(2, 3);
 
 /// Where the messages go: gets each one whole, as a text that lives during the call.
