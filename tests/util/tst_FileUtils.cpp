@@ -64,16 +64,21 @@ private Q_SLOTS:
     void equalPath_ignoresCaseAndSeparators();
     void getPathFromFile_isWhatStandsBeforeTheLastSeparator();
     void getNameFromFile_isAPlaceInTheArgument();
+    void getNameFromFile_pathEndsInASeparator_isEmpty();
     void getExtFromFile_isBlindForSeparators();
     void removeExtFromFile_isBlindForSeparators();
     void pathAddBackslash_formsDiffer();
     void pathRemoveBackslash_removesOne();
     void splitPath_data();
     void splitPath();
+    void splitPath_fullPath_partsMakeItAgain();
+    void splitPath_driveAlone_leavesTheRestEmpty();
     void splitPath_intoItsOwnArgument_works();
     void makePath_addsWhatIsLacking();
     void trimPath_data();
     void trimPath();
+    void trimPath_driveWithPoints_isResolved();
+    void trimPath_relativePath_keepsItsDots();
     void makeAbsolutePath_joins();
     void makeAbsolutePath_emptyBase_isTheCurrentDirectory();
     void getAbsolutePath_data();
@@ -81,6 +86,7 @@ private Q_SLOTS:
     void getAbsolutePath_resultIsItsOwnBase_works();
     void getRelativePath_data();
     void getRelativePath();
+    void getRelativePath_samePathTwice_isPointAndBackslash();
     void getRelativePath_resultIsItsOwnPath_works();
     void glob_classifiesOnly();
     void germanLocale_changesNothing();
@@ -133,11 +139,16 @@ void tst_FileUtils::getNameFromFile_isAPlaceInTheArgument()
 {
     char const path[] = "a\\b.c";
     QVERIFY(FileUtils::getNameFromFile(path) == path + 2);
-    QCOMPARE(FileUtils::getNameFromFile("a\\"), "");
     QCOMPARE(FileUtils::getNameFromFile("a\\b/c"), "c");
     QCOMPARE(FileUtils::getNameFromFile("C:a"), "C:a");
     QCOMPARE(FileUtils::getNameFromFile(""), "");
     QVERIFY(FileUtils::getNameFromFile(nullptr) == nullptr);
+}
+
+void tst_FileUtils::getNameFromFile_pathEndsInASeparator_isEmpty()
+{
+    QCOMPARE(FileUtils::getNameFromFile("a\\"), "");
+    QCOMPARE(FileUtils::getNameFromFile("a/"), "");
     char const * const kept = FileUtils::getNameFromFile(std::string("longer than any buffer of a "
                                                                      "short string is\\")
                                                              .c_str());
@@ -227,6 +238,20 @@ void tst_FileUtils::splitPath()
     FileUtils::splitPath(path.toStdString(), nullptr, nullptr, nullptr, nullptr);
 }
 
+void tst_FileUtils::splitPath_fullPath_partsMakeItAgain()
+{
+    std::string drive, dir, name, ext;
+    FileUtils::splitPath("C:\\a\\b.txt", &drive, &dir, &name, &ext);
+    QCOMPARE(bytes(drive + ' ' + dir + ' ' + name + ' ' + ext), QByteArray("C: \\a\\ b .txt"));
+    QCOMPARE(FileUtils::makePath(drive, dir, name, ext), std::string("C:\\a\\b.txt"));
+}
+
+void tst_FileUtils::splitPath_driveAlone_leavesTheRestEmpty()
+{
+    QCOMPARE(split("C:"), QByteArray("C:|||"));
+    QCOMPARE(split("a\\b.c:"), QByteArray("a\\b.c:|||"));
+}
+
 void tst_FileUtils::splitPath_intoItsOwnArgument_works()
 {
     std::string path = "C:\\a\\b.txt";
@@ -280,6 +305,17 @@ void tst_FileUtils::trimPath()
 {
     QFETCH(QByteArray, path);
     QTEST(bytes(FileUtils::trimPath(path.toStdString())), "trimmed");
+}
+
+void tst_FileUtils::trimPath_driveWithPoints_isResolved()
+{
+    QCOMPARE(FileUtils::trimPath("C:\\a\\.\\b\\..\\c"), std::string("C:\\a\\c"));
+}
+
+void tst_FileUtils::trimPath_relativePath_keepsItsDots()
+{
+    QCOMPARE(FileUtils::trimPath("a\\.\\b\\..\\c"), std::string("a\\.\\b\\..\\c"));
+    QCOMPARE(FileUtils::trimPath("..\\c"), std::string("..\\c"));
 }
 
 void tst_FileUtils::makeAbsolutePath_joins()
@@ -393,6 +429,12 @@ void tst_FileUtils::getRelativePath()
     QCOMPARE(::relative(base.constData(), path.constData()), relative);
     QCOMPARE(bytes(FileUtils::getRelativePath(base.toStdString(), path.toStdString())),
              relative.mid(relative.indexOf(' ') + 1));
+}
+
+void tst_FileUtils::getRelativePath_samePathTwice_isPointAndBackslash()
+{
+    QCOMPARE(::relative("C:\\a\\b.txt", "C:\\a\\b.txt"), QByteArray("true .\\"));
+    QCOMPARE(::relative("C:\\", "C:\\"), QByteArray("true .\\"));
 }
 
 void tst_FileUtils::getRelativePath_resultIsItsOwnPath_works()

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void compareNoCase_null_isTheEmptyText();
     void trim_data();
     void trim();
+    void trim_blanksOnly_stay();
     void trim_nullSet_keepsLineEnds();
     void trim_tenMegabytes_isDoneAtOnce();
     void extract_data();
@@ -140,6 +141,15 @@ void tst_StringUtils::trim()
     QTEST(bytes(both), "both");
 }
 
+void tst_StringUtils::trim_blanksOnly_stay()
+{
+    for (auto const function : {&trimLeft, &trimRight, &zenu::trim}) {
+        std::string text = "  ";
+        function(text, nullptr);
+        QCOMPARE(text, std::string("  "));
+    }
+}
+
 void tst_StringUtils::trim_nullSet_keepsLineEnds()
 {
     std::string text = " \t\nword\n\t ";
@@ -209,7 +219,10 @@ void tst_StringUtils::num2string_double_sameAsPrintf()
     QCOMPARE(num2string(1e20), std::string("1e+20"));
     QCOMPARE(num2string(1234567.0), std::string("1.23457e+06"));
     QCOMPARE(num2string(-0.0), std::string("-0"));
-    QCOMPARE(num2string(double(INFINITY)), std::string("inf"));
+    for (double value : {double(INFINITY), -double(INFINITY), double(NAN), -double(NAN), 5e-324,
+                         999999.5, 0.0001, 0.00001}) {
+        QCOMPARE(num2string(value), printed("%g", value));
+    }
     for (double value = 1e-300; value < 1e301; value *= 9.87) {
         QCOMPARE(num2string(value), printed("%g", value));
         QCOMPARE(num2string(-value), printed("%g", -value));

@@ -96,8 +96,8 @@ ZENU_EXPORT std::string trimPath(std::string const & path);
 
 /// `path` if it is absolute; otherwise `base`, a backslash and `path`. An empty base means the
 /// current directory, in Latin-1. "." and ".." stay. The backslash is added as by the first form of
-/// pathAddBackslash: a base that ends in one gets a second. `out` has room for both, one character
-/// more and the end, and may overlap either of them.
+/// pathAddBackslash: a base that ends in one gets a second. `out` has room for both, the current
+/// directory in place of an empty base, one character more and the end; it may overlap either.
 ZENU_EXPORT void makeAbsolutePath(char const * base, char const * path, char * out);
 ZENU_EXPORT std::string makeAbsolutePath(std::string const & base, std::string const & path);
 /// The same from the current directory.
