@@ -88,6 +88,7 @@ void tst_ActionLifetimes::deletedAction_disconnectedBefore_isNotTouched()
     QAction * const action = managed.add(2, true);
     action->disconnect();
     delete action;
+    QCOMPARE(managed.manager->size(), 1);
     QCOMPARE(managed.manager->getAction(2), managed.manager->getEmptyAction());
     managed.manager->updateAll();
     managed.ticks(4);

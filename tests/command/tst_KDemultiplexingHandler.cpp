@@ -96,6 +96,7 @@ private Q_SLOTS:
     void modeCommand_isTakenAndTheTargetIsNotTold();
     void modeCommand_columnsGoToTheNewRow();
     void modeCommand_checksThatModeAlone();
+    void modeAmongTheColumns_isAMode();
     void column_answerIsThatOfTheTarget();
     void update_columnPassesTheState();
     void update_leavesTheMarkOfOthersAlone();
@@ -213,6 +214,25 @@ void tst_KDemultiplexingHandler::modeCommand_checksThatModeAlone()
         modes.handler.cmd(mode);
         QCOMPARE(modes.checkedModes(), QString::number(mode));
     }
+}
+
+void tst_KDemultiplexingHandler::modeAmongTheColumns_isAMode()
+{
+    Recorder target;
+    target.known[12];
+    target.known[22] = {false, 1, true};
+    auto const table = tableOf({2, 1, 20, 10, 11, 12, 20, 21, 22, 0});
+    KDemultiplexingHandler handler(&target, table.get());
+    KCommandUpdate before;
+    QVERIFY(handler.update(20, &before));
+    QVERIFY(before.isEnabled() && !before.isChecked());
+    QVERIFY(handler.cmd(20));
+    KCommandUpdate after;
+    QVERIFY(handler.update(20, &after));
+    QVERIFY(after.isEnabled() && after.isChecked() && !after.isRadio());
+    QCOMPARE(target.takeCalls(), QString());
+    handler.cmd(1);
+    QCOMPARE(target.takeCalls(), QStringLiteral("cmd 21"));
 }
 
 void tst_KDemultiplexingHandler::column_answerIsThatOfTheTarget()

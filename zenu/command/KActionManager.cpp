@@ -8,6 +8,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 
+#include <algorithm>
 #include <utility>
 
 namespace zenu {
@@ -147,9 +148,11 @@ QAction * KActionManager::getEmptyAction() const
     return m_emptyAction;
 }
 
+// Without those that were deleted after all their connections had been cut.
 int KActionManager::size() const
 {
-    return static_cast<int>(m_actions.size());
+    return static_cast<int>(std::ranges::count_if(
+        m_actions, [](auto const & entry) { return !entry.second.isNull(); }));
 }
 
 // What listens to the end of an action finds the manager empty already.
@@ -175,21 +178,24 @@ void KActionManager::autoUpdateMenu(QMenu * menu)
     }
 }
 
-// The handler may change the actions or delete the manager, so each step finds its place anew.
+// An `update` that calls this would be asked again without end, so its call waits until it has
+// answered. Twice at most, since it may do so each time. What is blocked asks nobody and is at
+// once.
 void KActionManager::updateAll()
 {
+    if (m_isAsking && !m_blocked) {
+        m_isCalledWhileAsking = true;
+        return;
+    }
     QPointer<KActionManager> const self = m_self;
-    for (auto entry = m_actions.begin(); entry != m_actions.end();) {
-        unsigned int const id = entry->first;
-        KCommandUpdate const state = ask(id);
-        if (self) {
-            setWhatDiffers(registeredAction(id), state);
-        }
-        if (!self) {
+    for (int walks = 0; walks < 2; ++walks) {
+        m_isCalledWhileAsking = false;
+        walkOverAll();
+        if (!self || !m_isCalledWhileAsking) {
             return;
         }
-        entry = m_actions.upper_bound(id);
     }
+    m_isCalledWhileAsking = false;
 }
 
 // The command may delete the manager, but not the mapper, which reads its tables once more when
@@ -226,6 +232,9 @@ void KActionManager::updateSingle()
     if (self) {
         setState(registeredAction(id), state);
     }
+    if (self && m_isCalledWhileAsking) {
+        updateAll();
+    }
 }
 
 QObject * KActionManager::parentOfNewActions()
@@ -254,14 +263,39 @@ QPointer<QAction> KActionManager::registeredAction(unsigned int id) const
     return entry == m_actions.end() ? QPointer<QAction>() : entry->second;
 }
 
+// The handler may change the actions or delete the manager, so each step finds its place anew.
+void KActionManager::walkOverAll()
+{
+    QPointer<KActionManager> const self = m_self;
+    for (auto entry = m_actions.begin(); entry != m_actions.end();) {
+        unsigned int const id = entry->first;
+        KCommandUpdate const state = ask(id);
+        if (self) {
+            setWhatDiffers(registeredAction(id), state);
+        }
+        if (!self) {
+            return;
+        }
+        entry = m_actions.upper_bound(id);
+    }
+}
+
 // The answer of `update` is of no interest: a command that nobody knows stays enabled.
 KCommandUpdate KActionManager::ask(unsigned int id)
 {
+    QPointer<KActionManager> const self = m_self;
     KCommandUpdate state;
-    if (m_blocked) {
-        state.setEnabled(false);
-    } else {
+    if (!m_blocked) {
+        bool const wasAsking = std::exchange(m_isAsking, true);
         m_handler->update(id, &state);
+        if (self) {
+            m_isAsking = wasAsking;
+        }
+    }
+    // A handler that blocks while it is asked overrules its own answer.
+    if (self && m_blocked) {
+        state = KCommandUpdate();
+        state.setEnabled(false);
     }
     return state;
 }

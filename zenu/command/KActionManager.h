@@ -47,7 +47,7 @@ struct SAction
 ///
 /// Actions belong to their QObject parents. One that is deleted by someone else leaves the manager
 /// by itself. `cmd` and `update` may delete actions or the manager, and add actions or clear them
-/// all; `update` does not call `updateAll` or `block`. The manager has no parent.
+/// all. An `updateAll` within `update` waits until that has answered. The manager has no parent.
 class ZENU_EXPORT KActionManager : public QObject
 {
     Q_OBJECT
@@ -105,6 +105,7 @@ private:
     QObject * parentOfNewActions();
     void makeAction(SAction const & record, char const * context);
     QPointer<QAction> registeredAction(unsigned int id) const;
+    void walkOverAll();
     KCommandUpdate ask(unsigned int id);
     void forgetDeletedActions();
 
@@ -118,6 +119,8 @@ private:
     QPointer<KActionManager> m_self; // made once, so that no tick allocates one
     bool m_blocked = false;
     bool m_isMapping = false;
+    bool m_isAsking = false; // within `update` of the handler
+    bool m_isCalledWhileAsking = false;
 };
 
 } // namespace zenu
