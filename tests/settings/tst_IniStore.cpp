@@ -135,6 +135,7 @@ private Q_SLOTS:
     void everyType_comesBackFromTheFile();
     void germanLocale_doesNotMatter();
     void limits_comeBack();
+    void oddValues_comeBack();
     void texts_comeBack_data();
     void texts_comeBack();
     void names_leadToDifferentKeys();
@@ -147,6 +148,8 @@ private Q_SLOTS:
     void textWrittenByHand_isRead();
     void clear_forgets();
     void file_thatCannotBeWritten_isTold();
+    void fileWithAStrayLine_isWrittenAllTheSame();
+    void variantsInAFile_areNotThere();
     void damagedFile_isHarmless();
     void arbitraryFile_isHarmless();
 
@@ -215,6 +218,40 @@ void tst_IniStore::limits_comeBack()
     QVERIFY(store.readUInt("most unsigned", &plain));
     QCOMPARE(plain, UINT_MAX);
     QVERIFY(!store.readUInt("least int", &plain));
+}
+
+// What a line of an INI file, Latin-1 or the text of a value could swallow.
+void tst_IniStore::oddValues_comeBack()
+{
+    QFont font;
+    font.setFamilies({QString::fromUtf8("\xce\x95\xce\xbb, \xe6\xa5\xb7\xe4\xbd\x93; \"x\""),
+                      QStringLiteral("@Variant(=%41)"), QStringLiteral(" [a]\n")});
+    font.setStyleName(QString::fromUtf8("Fett \xc3\xbc\xce\xb1"));
+    QPen pen(QBrush(QGradient(QGradient::WarmFlame)), 1e-300);
+    pen.setDashPattern({1e300, 1.0 / 3, 0.1, 5e-324});
+    pen.setDashOffset(-7);
+    {
+        IniStore store(file("odd"));
+        store.writeFont("font", font);
+        store.writePen("pen", pen);
+        store.writeBrush("brush", QBrush(QColor(), Qt::Dense7Pattern));
+        store.writeColor("colour", QColor());
+    }
+    IniStore store(file("odd"));
+    QFont fontAgain;
+    QVERIFY(store.readFont("font", &fontAgain));
+    QCOMPARE(difference(fontAgain, font), std::string());
+    QCOMPARE(fontAgain.styleName(), font.styleName());
+    QPen penAgain;
+    QVERIFY(store.readPen("pen", &penAgain));
+    QCOMPARE(difference(penAgain, pen), std::string());
+    QBrush brush;
+    QVERIFY(store.readBrush("brush", &brush));
+    QCOMPARE(brush.style(), Qt::Dense7Pattern);
+    QVERIFY(!brush.color().isValid());
+    QColor color(Qt::red);
+    QVERIFY(store.readColor("colour", &color));
+    QVERIFY(!color.isValid());
 }
 
 void tst_IniStore::texts_comeBack_data()
@@ -415,6 +452,39 @@ void tst_IniStore::file_thatCannotBeWritten_isTold()
     IniStore store(file("a file") + QStringLiteral("/below"));
     store.writeInt("number", 1);
     QVERIFY(!store.sync());
+}
+
+void tst_IniStore::fileWithAStrayLine_isWrittenAllTheSame()
+{
+    QByteArray const damage = "number=1\nwhat is this\n[section\nother=2\n";
+    write(file("stray"), damage);
+    IniStore store(file("stray"));
+    int value = 0;
+    QVERIFY(store.readInt("number", &value));
+    store.clear();
+    store.writeInt("number", 3);
+    QVERIFY(store.sync());
+    QCOMPARE(contents(file("stray")), QByteArray("[General]\nnumber=3\n"));
+}
+
+// QSettings makes values of any type of such texts.
+void tst_IniStore::variantsInAFile_areNotThere()
+{
+    for (char const * text :
+         {"@Variant(\\0\\0\\0\\x43\\x1\\xff\\xff\\xff\\xff\\0\\0\\0\\0\\0\\0)", "@ByteArray(7)",
+          "@Invalid()", "@Rect(1 2 3 4)", "@Point(1 2)", "@Size(1 2)", "@Variant()"}) {
+        QString const path = file("variants");
+        write(path, QByteArray("name=") + text + "\n");
+        IniStore store(path);
+        QColor color(1, 2, 3);
+        QString string = QStringLiteral("before");
+        int number = 5;
+        QVERIFY2(!store.readColor("name", &color), text);
+        QVERIFY2(!store.readInt("name", &number), text);
+        QVERIFY2(!store.readString("name", &string), text);
+        QCOMPARE(string, QStringLiteral("before"));
+        QFile::remove(path);
+    }
 }
 
 void tst_IniStore::damagedFile_isHarmless()

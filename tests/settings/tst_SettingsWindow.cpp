@@ -76,6 +76,7 @@ private Q_SLOTS:
     void defaults_thenSave_clearTheFile();
     void angle_isNotKept();
     void fileThatCannotBeWritten_isTold();
+    void fileWithAStrayLine_isReadAndSaved();
     void drawing_followsTheSettings();
     void largeFont_everythingFits();
 
@@ -234,6 +235,21 @@ void tst_SettingsWindow::fileThatCannotBeWritten_isTold()
     QVERIFY(window.findChild<QLabel *>(QStringLiteral("status"))
                 ->text()
                 .startsWith(QStringLiteral("Cannot write")));
+}
+
+void tst_SettingsWindow::fileWithAStrayLine_isReadAndSaved()
+{
+    {
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[caption]\ntext=kept\nwhat is this\n");
+    }
+    SettingsWindow window(path());
+    QCOMPARE(editor<QLineEdit>(window, Caption)->text(), QStringLiteral("kept"));
+    QVERIFY(window.save());
+    QVERIFY(window.findChild<QLabel *>(QStringLiteral("status"))
+                ->text()
+                .startsWith(QStringLiteral("Saved in")));
 }
 
 void tst_SettingsWindow::drawing_followsTheSettings()

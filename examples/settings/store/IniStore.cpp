@@ -36,10 +36,15 @@ void IniStore::clear()
     m_settings.clear();
 }
 
+// The first error of a QSettings stays, and a line in the file that it does not understand is one.
+// So the file is read and written through one object, and another one tells of the writing alone:
+// both share what m_settings holds.
 bool IniStore::sync()
 {
-    m_settings.sync();
-    return m_settings.status() == QSettings::NoError;
+    QSettings(m_settings.fileName(), QSettings::IniFormat).sync();
+    QSettings writer(m_settings.fileName(), QSettings::IniFormat);
+    writer.sync();
+    return writer.status() == QSettings::NoError;
 }
 
 bool IniStore::readColor(char const * name, QColor * value)

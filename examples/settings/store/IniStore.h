@@ -16,7 +16,7 @@ public:
     // Forgets everything.
     void clear();
     // Writes what was changed into the file and reads what others have changed there; false when
-    // the file cannot be written, or is damaged.
+    // the file cannot be written. Lines in it that make no sense do not matter.
     bool sync();
     QString fileName() const { return m_settings.fileName(); }
 
