@@ -1,0 +1,169 @@
+#include "examples/gallery/Pictures.h"
+
+#include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/PageView.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPixmap>
+#include <QSet>
+
+#include <algorithm>
+
+namespace gallery {
+
+namespace {
+
+constexpr int pictureWidth = 640;
+constexpr int smallestFile = 0; // the quality that packs a PNG best
+
+// Menus, dialogs and tips that the page has opened, the lowest one first.
+QList<QWidget *> openWindows(QWidget const & view)
+{
+    QList<QWidget *> windows;
+    for (QWidget * window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window != &view) {
+            windows += window;
+        }
+    }
+    std::sort(windows.begin(), windows.end(),
+              [](QWidget * a, QWidget * b) { return a->y() < b->y(); });
+    return windows;
+}
+
+QPoint placeIn(QWidget const & view, QWidget const & window)
+{
+    return view.mapFromGlobal(window.mapToGlobal(QPoint()));
+}
+
+// A window hangs on the leading edge, which in right-to-left layouts moves when the view grows.
+void makeRoom(PageView & view)
+{
+    constexpr int margin = 12;
+    QSize room;
+    for (QWidget const * window : openWindows(view)) {
+        QPoint const place = placeIn(view, *window);
+        int const lead =
+            view.isRightToLeft() ? view.width() - place.x() - window->width() : place.x();
+        room = room.expandedTo(
+            QSize(lead + window->width() + margin, place.y() + window->height() + margin));
+    }
+    int const before = view.width();
+    view.showAll(room);
+    for (QWidget * window : openWindows(view)) {
+        int const grown = view.isRightToLeft() ? view.width() - before : 0;
+        window->move(window->pos() + QPoint(grown, 0));
+    }
+}
+
+void drawWindows(QPixmap & picture, QWidget const & view)
+{
+    QPainter painter(&picture);
+    painter.setPen(QApplication::palette().color(QPalette::Mid));
+    for (QWidget * window : openWindows(view)) {
+        QRect const rect(placeIn(view, *window), window->size());
+        painter.drawPixmap(rect.topLeft(), window->grab());
+        painter.drawRect(rect.adjusted(-1, -1, 0, 0));
+    }
+}
+
+void hideWindows(QWidget const & view)
+{
+    for (QWidget * window : openWindows(view)) {
+        window->hide();
+    }
+}
+
+QImage withBits(QImage picture, int bits)
+{
+    auto const reduce = [bits](int value) {
+        int const high = value & (0xff << (8 - bits));
+        return high | high >> bits;
+    };
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            QRgb const color = picture.pixel(x, y);
+            picture.setPixel(
+                x, y, qRgb(reduce(qRed(color)), reduce(qGreen(color)), reduce(qBlue(color))));
+        }
+    }
+    return picture;
+}
+
+QList<QRgb> colorsOf(QImage const & picture)
+{
+    QSet<QRgb> colors;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            colors += picture.pixel(x, y);
+        }
+    }
+    return colors.values();
+}
+
+// With 256 colours at most, which makes the file a third of its size.
+QImage withFewColors(QImage const & picture)
+{
+    QImage reduced = picture.convertToFormat(QImage::Format_RGB32);
+    QList<QRgb> colors = colorsOf(reduced);
+    for (int bits = 7; colors.size() > 256 && bits > 2; --bits) {
+        reduced = withBits(reduced, bits);
+        colors = colorsOf(reduced);
+    }
+    return reduced.convertToFormat(QImage::Format_Indexed8, colors);
+}
+
+} // namespace
+
+QPixmap pictureOf(Page const & page)
+{
+    PageView view(page);
+    view.resize(pictureWidth, 700);
+    view.show();
+    view.activateWindow();
+    QApplication::processEvents();
+    view.showAll(QSize());
+    QApplication::processEvents();
+    view.pose();
+    QApplication::processEvents();
+    makeRoom(view);
+    QApplication::processEvents();
+    QPixmap picture = view.grab();
+    drawWindows(picture, view);
+    hideWindows(view);
+    return picture;
+}
+
+QPixmap pictureOf(GalleryWindow & window)
+{
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    window.view().pose();
+    QApplication::processEvents();
+    QPixmap picture = window.grab();
+    drawWindows(picture, window);
+    hideWindows(window);
+    return picture;
+}
+
+bool savePicture(QPixmap const & picture, QString const & file)
+{
+    return withFewColors(picture.toImage()).save(file, "PNG", smallestFile);
+}
+
+bool savePictures(QString const & folder)
+{
+    QDir const files(folder);
+    bool saved = QDir().mkpath(folder);
+    for (PageGroup const & group : pageGroups()) {
+        for (Page const & page : group.pages) {
+            QString const file = files.filePath(QString::fromLatin1(page.name) + ".png");
+            saved = savePicture(pictureOf(page), file) && saved;
+        }
+    }
+    return saved;
+}
+
+} // namespace gallery
