@@ -65,11 +65,17 @@ public:
     QObject * qObject();
 
 public Q_SLOTS:
-    // What the edits and buttons call. The texts are read from the edits.
+    // What the edits and buttons call. The texts are read from the edits, not from the arguments.
+
+    /// Takes the period from its edit, and shows its frequency.
     void changedPeriod(QString const & text);
+    /// Takes the frequency from its edit, and shows its period.
     void changedFrequency(QString const & text);
+    /// Takes the offset from its edit.
     void changedOffset(QString const & text);
+    /// Lets the clock start low.
     void buttonLowClicked();
+    /// Lets the clock start high.
     void buttonHighClicked();
 
 protected:
