@@ -75,6 +75,9 @@ private Q_SLOTS:
     void typing_refusedText_doesNotEnter();
     void setSigned_signMayBeTyped();
     void edit_deletedInTimeChanged_isQuiet();
+    void focusOut_freshEdit_isZeroOfNoUnit();
+    void focusOut_toAMenu_keepsTheSelection();
+    void defaultUnit_coarseResolution_isRaisedToIt();
 };
 
 void tst_KTimeEdit::fresh_isInvalidEmptyAndInNanoseconds()
@@ -272,6 +275,38 @@ void tst_KTimeEdit::edit_deletedInTimeChanged_isQuiet()
         }
         QTRY_VERIFY(!edit);
     }
+}
+
+void tst_KTimeEdit::focusOut_freshEdit_isZeroOfNoUnit()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.other->setFocus();
+    QCOMPARE(scene.edit->getValue(), TimeValue(0LL, 1.0));
+    QCOMPARE(scene.edit->text(), QStringLiteral("0 ?"));
+    QCOMPARE(scene.changes.count(), 1);
+}
+
+// The focus goes to the menu first, and the menu copies then.
+void tst_KTimeEdit::focusOut_toAMenu_keepsTheSelection()
+{
+    Scene scene;
+    scene.edit->setValue(nanoseconds(12345));
+    QVERIFY(scene.show());
+    scene.edit->setSelection(0, 5);
+    QFocusEvent leave(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(scene.edit, &leave);
+    QCOMPARE(scene.edit->selectedText(), QStringLiteral("12345"));
+    QVERIFY(scene.changes.isEmpty());
+}
+
+void tst_KTimeEdit::defaultUnit_coarseResolution_isRaisedToIt()
+{
+    Scene scene;
+    scene.edit->setValue(TimeValue(5LL, 1e9)); // microseconds
+    QVERIFY(scene.show());
+    scene.pressReturn();
+    QCOMPARE(TimeUnit::defaultUnit(), TimeUnit::us);
 }
 
 ZENU_TEST(tst_KTimeEdit)

@@ -119,11 +119,14 @@ QObject * KTimeBox::qObject()
 
 void KTimeBox::stepBy(int steps)
 {
+    if (steps == 0) { // a part of a notch of the wheel
+        return;
+    }
     QPointer<KTimeBox> const self(this);
     if (lineEdit()->isModified()) {
         interpretText();
     }
-    if (!self || steps == 0) {
+    if (!self) {
         return;
     }
     if (steps > 0) {
@@ -163,10 +166,12 @@ QAbstractSpinBox::StepEnabled KTimeBox::stepEnabled() const
     return isReadOnly() ? StepEnabled(StepNone) : StepUpEnabled | StepDownEnabled;
 }
 
-// The ends of the range are never shown: the base measures them, for its size.
+// The base writes this whenever it thinks that the editor is behind, which would lose what is typed
+// in a box that is hidden. The ends of the range are never shown: the base measures them, for its
+// size.
 QString KTimeBox::textFromValue(int value) const
 {
-    return value == 0 ? m_shownText : QStringLiteral("-999.999 sec");
+    return value == 0 ? lineEdit()->text() : QStringLiteral("-999.999 sec");
 }
 
 int KTimeBox::valueFromText(QString const &) const
@@ -181,10 +186,16 @@ QValidator::State KTimeBox::validate(QString & input, int & pos) const
 
 void KTimeBox::fixup(QString &) const {}
 
+// What reads the same already keeps its selection: the editor's context menu takes the focus, and
+// copies what is selected.
 void KTimeBox::showText(std::string const & text)
 {
     m_shownText = QString::fromStdString(text);
     m_validator->setShownText(m_shownText);
+    if (lineEdit()->text() == m_shownText) {
+        lineEdit()->setModified(false);
+        return;
+    }
     QSignalBlocker const quiet(lineEdit());
     lineEdit()->setText(m_shownText);
 }

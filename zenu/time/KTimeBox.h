@@ -49,7 +49,7 @@ public:
     /// Takes the time and unit of the text, with the rules of TimeValue::set, and then shows the
     /// time in its best unit with three decimals: digits beyond these are lost. Text too large for
     /// a time changes nothing.
-    void interpretText();
+    virtual void interpretText();
 
     /// The widget as an object.
     QObject * qObject();

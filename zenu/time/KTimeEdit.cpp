@@ -100,11 +100,15 @@ void KTimeEdit::updateValue()
     }
 }
 
+// What reads the same already keeps its selection: the context menu takes the focus, and copies
+// what is selected.
 void KTimeEdit::showValue()
 {
     QString const shownText = QString::fromStdString(m_value.str(m_unit, shownDecimals, false));
     m_validator->setShownText(shownText);
-    setText(shownText);
+    if (text() != shownText) {
+        setText(shownText);
+    }
 }
 
 } // namespace zenu
