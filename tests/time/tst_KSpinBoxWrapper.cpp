@@ -46,6 +46,14 @@ struct Scene
         editor()->selectAll();
         QTest::keyClicks(box, text);
     }
+    QPoint arrow(QStyle::SubControl control) const
+    {
+        QStyleOptionSpinBox option;
+        option.initFrom(box);
+        option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
+        option.frame = true;
+        return box->style()->subControlRect(QStyle::CC_SpinBox, &option, control, box).center();
+    }
     // Ups and downs so far.
     QString steps() { return QStringLiteral("%1 %2").arg(ups.count()).arg(downs.count()); }
 
@@ -84,6 +92,10 @@ private Q_SLOTS:
     void box_deleted_isQuiet();
     void wrapper_deleted_leavesTheBoxUsable();
     void wrapper_deletedInUp_isQuiet();
+    void readOnlyBox_reportsNothing();
+    void step_insideOfAnother_reportsNothing();
+    void holdingAnArrow_controlPressedLater_keepsTheDirection();
+    void expression_null_letsEveryTextPass();
 };
 
 void tst_KSpinBoxWrapper::fresh_showsThePlaceholderAtRest()
@@ -253,14 +265,8 @@ void tst_KSpinBoxWrapper::steps_byEveryMeans_areReportedOnce()
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(scene.box, &event);
     } else {
-        QStyleOptionSpinBox option;
-        option.initFrom(scene.box);
-        option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
-        option.frame = true;
-        QRect const arrow = scene.box->style()->subControlRect(
-            QStyle::CC_SpinBox, &option, isUp ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown,
-            scene.box);
-        QTest::mouseClick(scene.box, Qt::LeftButton, modifiers, arrow.center());
+        QPoint const arrow = scene.arrow(isUp ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown);
+        QTest::mouseClick(scene.box, Qt::LeftButton, modifiers, arrow);
     }
     QCOMPARE(scene.steps(), isUp ? QStringLiteral("1 0") : QStringLiteral("0 1"));
     QCOMPARE(scene.box->value(), -1);
@@ -300,14 +306,7 @@ void tst_KSpinBoxWrapper::holdingAnArrow_stepsOn()
 {
     Scene scene;
     QVERIFY(scene.show());
-    QStyleOptionSpinBox option;
-    option.initFrom(scene.box);
-    option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
-    option.frame = true;
-    QPoint const place =
-        scene.box->style()
-            ->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxDown, scene.box)
-            .center();
+    QPoint const place = scene.arrow(QStyle::SC_SpinBoxDown);
     QTest::mousePress(scene.box, Qt::LeftButton, Qt::ControlModifier, place);
     QTRY_VERIFY(scene.downs.count() >= 4);
     QTest::mouseRelease(scene.box, Qt::LeftButton, Qt::NoModifier, place);
@@ -378,6 +377,58 @@ void tst_KSpinBoxWrapper::wrapper_deletedInUp_isQuiet()
                      [&] { scene.wrapper.reset(); });
     QTest::keyClick(scene.box, Qt::Key_Up);
     QVERIFY(!scene.wrapper);
+}
+
+void tst_KSpinBoxWrapper::readOnlyBox_reportsNothing()
+{
+    Scene scene;
+    scene.wrapper->setString("1");
+    scene.box->setReadOnly(true);
+    QVERIFY(scene.show());
+    for (Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_Return}) {
+        QTest::keyClick(scene.box, key);
+    }
+    QPointF const place = QRectF(scene.box->rect()).center();
+    QWheelEvent event(place, scene.box->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(scene.box, &event);
+    QCOMPARE(scene.steps(), QStringLiteral("0 0"));
+    QCOMPARE(scene.text(), QStringLiteral("1"));
+}
+
+void tst_KSpinBoxWrapper::step_insideOfAnother_reportsNothing()
+{
+    Scene scene;
+    scene.wrapper->setString("text");
+    QObject::connect(scene.wrapper.get(), &KSpinBoxWrapper::up, &scene.window,
+                     [&] { scene.box->stepBy(1); }); // as an arrow that is held
+    scene.box->stepBy(1);
+    QCOMPARE(scene.steps(), QStringLiteral("1 0"));
+    QCOMPARE(scene.box->value(), -1);
+    QCOMPARE(scene.text(), QStringLiteral("text"));
+    scene.box->stepBy(-1);
+    QCOMPARE(scene.steps(), QStringLiteral("1 1"));
+}
+
+void tst_KSpinBoxWrapper::holdingAnArrow_controlPressedLater_keepsTheDirection()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    QPoint const place = scene.arrow(QStyle::SC_SpinBoxUp);
+    QTest::mousePress(scene.box, Qt::LeftButton, Qt::NoModifier, place);
+    QTest::keyPress(scene.box, Qt::Key_Control, Qt::ControlModifier); // as it repeats
+    QTRY_VERIFY(scene.ups.count() >= 4);
+    QTest::mouseRelease(scene.box, Qt::LeftButton, Qt::NoModifier, place);
+    QTest::keyRelease(scene.box, Qt::Key_Control, Qt::NoModifier);
+    QVERIFY(scene.downs.isEmpty());
+}
+
+void tst_KSpinBoxWrapper::expression_null_letsEveryTextPass()
+{
+    Scene scene(nullptr);
+    QVERIFY(scene.show());
+    scene.type(QStringLiteral("X !"));
+    QCOMPARE(scene.wrapper->getString(), "X !");
 }
 
 ZENU_TEST(tst_KSpinBoxWrapper)

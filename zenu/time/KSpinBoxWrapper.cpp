@@ -116,20 +116,27 @@ bool KSpinBoxWrapper::eventFilter(QObject * object, QEvent * event)
     }
 }
 
+// An arrow that is held steps on while a slot runs the event loop: from where the box stands then,
+// its next number would mean the other arrow.
 void KSpinBoxWrapper::valueChanged(int value)
 {
-    if (value != 0 && value != 1) {
+    if (m_isReporting || (value != 0 && value != 1)) {
         return;
     }
+    m_isReporting = true;
     QPointer<KSpinBoxWrapper> const self(this);
     if (value == 0) {
         Q_EMIT up();
     } else {
         Q_EMIT down();
     }
-    if (self && m_box) {
+    if (!self) {
+        return;
+    }
+    if (m_box) {
         m_box->setValue(restingValue);
     }
+    m_isReporting = false;
 }
 
 // Every key that steps makes one step; Return ends the edit and does not read a number from the
@@ -139,11 +146,17 @@ bool KSpinBoxWrapper::takeKey(QKeyEvent * event)
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_PageUp:
-        m_box->stepBy(1);
+        step(1);
         return true;
     case Qt::Key_Down:
     case Qt::Key_PageDown:
-        m_box->stepBy(-1);
+        step(-1);
+        return true;
+    case Qt::Key_Control:
+    case Qt::Key_Shift:
+    case Qt::Key_Alt:
+    case Qt::Key_Meta:
+        event->ignore(); // the box would make large steps of an arrow that is held
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -156,18 +169,26 @@ bool KSpinBoxWrapper::takeKey(QKeyEvent * event)
     }
 }
 
+void KSpinBoxWrapper::step(int steps)
+{
+    if (!m_box->isReadOnly()) {
+        m_box->stepBy(steps);
+    }
+}
+
 void KSpinBoxWrapper::takeWheel(QWheelEvent * event)
 {
     m_wheelRest += event->angleDelta().y();
     int const notches = m_wheelRest / notch;
     m_wheelRest -= notches * notch;
     if (notches != 0) {
-        m_box->stepBy(notches > 0 ? 1 : -1);
+        step(notches > 0 ? 1 : -1);
     }
     event->accept();
 }
 
-// The editor lets a refused text stand where the one before was refused, too: then that one comes back.
+// The editor lets a refused text stand where the one before was refused, too: then that one comes
+// back.
 void KSpinBoxWrapper::takeTyped(QString const & text)
 {
     if (!m_box || m_box->value() != restingValue) {

@@ -20,8 +20,7 @@ class ZENU_EXPORT KSpinBoxValidator : public QRegularExpressionValidator
     Q_OBJECT
 
 public:
-    /// Both pointers must outlive the validator's use. A null `regexp` lets nothing but the empty
-    /// text pass.
+    /// `text` must outlive the validator. A null or empty `regexp` lets every text pass.
     KSpinBoxValidator(char const * regexp, QString * text, QSpinBox * box, QObject * parent);
 
     State validate(QString & input, int & pos) const override;
@@ -68,6 +67,7 @@ private Q_SLOTS:
 
 private:
     bool takeKey(QKeyEvent * event);
+    void step(int steps);
     void takeWheel(QWheelEvent * event);
     void takeTyped(QString const & text);
 
@@ -76,6 +76,7 @@ private:
     QPointer<QLineEdit> m_editor;
     KSpinBoxValidator * m_validator; // a child
     int m_wheelRest = 0;             // eighths of a degree that make no notch yet
+    bool m_isReporting = false;      // up or down is on its way
 };
 
 } // namespace zenu
