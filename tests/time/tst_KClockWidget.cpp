@@ -1,13 +1,8 @@
 #include "tests/support/TestMain.h"
+#include "tests/time/ClockFixture.h"
 
-#include <zenu/time/Frequency.h>
-#include <zenu/time/KClockWidget.h>
-#include <zenu/time/TimeValue.h>
-#include <zenu/widgets/KValueButton.h>
+#include <zenu/time/TimeUnit.h>
 
-#include <QLineEdit>
-
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -15,87 +10,8 @@ using namespace zenu;
 
 namespace {
 
-constexpr int margin = 5;
-QColor const handleColor(150, 60, 60);
-
-// The numbers of the layout, worked out once more from the rule.
-struct Expected
-{
-    explicit Expected(QWidget const & clock)
-    {
-        QFontMetrics const metrics(clock.font(), &clock);
-        auto const measure = [&](char const * text) {
-            return metrics
-                .boundingRect(QRect(0, 0, 2000, 2000), Qt::AlignLeft | Qt::AlignTop,
-                              QString::fromLatin1(text))
-                .size();
-        };
-        int const w = clock.contentsRect().width();
-        int const h = clock.contentsRect().height();
-        E = measure("000000").height() + 2;
-        OW = measure("000000").width() + 2;
-        PW = measure("000000000").width() + 2;
-        FW = measure("Frequency:").width() + 2;
-        L = T = E + 2 * margin;
-        WH = h - 2 * (E + 2 * margin);
-        OG = int(double(w - 3 * margin - PW - E - OW) * (1.0 / 6.0));
-        int const sum = w - 3 * margin - 2 * OG - PW - OW - E;
-        HP = sum / 2;
-        OW += std::abs(sum) % 2;
-        K = int(double(h) * (1.0 / 30.0));
-    }
-    int pulse(int filling) const { return int((PW + 2 * HP) * double(filling) * 0.01); }
-    // The middle of the edge, where the mouse takes the handle.
-    QPoint edge(int filling) const { return QPoint(pulse(filling) + 2 * OG + L + OW, WH / 2 + T); }
-
-    int E, OW, PW, FW, L, T, WH, OG, HP, K;
-};
-
-struct Scene
-{
-    Scene()
-    {
-        clock.resize(520, 240);
-        auto edits = clock.findChildren<QLineEdit *>();
-        offset = edits.at(0);
-        period = edits.at(1);
-        frequency = edits.at(2);
-        high = clock.findChildren<KValueButton *>().at(0);
-        low = clock.findChildren<KValueButton *>().at(1);
-    }
-    bool show()
-    {
-        clock.show();
-        return QTest::qWaitForWindowExposed(&clock);
-    }
-    QString texts() const
-    {
-        return offset->text() + QStringLiteral(" | ") + period->text() + QStringLiteral(" | ") +
-               frequency->text();
-    }
-    // What the user does.
-    static void type(QLineEdit * edit, QString const & text)
-    {
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-    void press(QPoint const & place) { QTest::mousePress(&clock, Qt::LeftButton, {}, place); }
-    void drag(QPoint const & place)
-    {
-        QMouseEvent move(QEvent::MouseMove, QPointF(place), clock.mapToGlobal(QPointF(place)),
-                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&clock, &move);
-    }
-    void release(QPoint const & place) { QTest::mouseRelease(&clock, Qt::LeftButton, {}, place); }
-    Expected expected() const { return Expected(clock); }
-
-    KClockWidget clock;
-    QLineEdit * offset;
-    QLineEdit * period;
-    QLineEdit * frequency;
-    KValueButton * high;
-    KValueButton * low;
-};
+using Expected = zenutest::ClockRule;
+using Scene = zenutest::ClockScene;
 
 class PaintCounter : public QObject
 {
@@ -123,8 +39,6 @@ private Q_SLOTS:
     void fresh_hasItsDefaults();
     void fresh_wholeFormHasTheColourOfEdits();
     void setBackgroundColor_reachesAllParts();
-    void children_standWhereTheRuleSays_data();
-    void children_standWhereTheRuleSays();
     void resize_rewritesOffsetAndPeriod();
     void setOffset_inRange_isShown();
     void setOffset_outOfRange_isInvalid();
@@ -148,18 +62,18 @@ private Q_SLOTS:
     void setHighStartValue_setsBothButtons();
     void setHighStartValue_sameValue_repaintsNothing();
     void buttons_clicked_chooseTheLevel();
-    void setFilling_outOfRange_isKept();
     void drag_movesTheEdge();
     void drag_beyondTheEnds_stopsAtOneAndNinetyNine();
     void drag_withoutTheLeftButton_movesNothing();
     void drag_startedBesideTheHandle_movesNothing();
-    void drag_repaintsAllThatChanged();
     void cursor_overTheHandle_isHorizontal();
-    void handle_standsTwoRightAndOneBelow();
-    void handle_withAFrame_isPaintedApartFromWhereItIsTaken();
-    void wave_hasItsLines_data();
-    void wave_hasItsLines();
-    void sizes_ofAllKinds_areQuiet();
+    void setters_outOfRange_writeTheirOwnEditOnly();
+    void typedFrequency_ofThePeriodThatStandsThere_writesNothing();
+    void typedFrequency_withoutUnit_isMHz();
+    void typedFrequency_tooLowForAPeriod_isInvalid();
+    void typedPeriod_belowTheMinimalPeriod_isInvalid();
+    void mark_ofTheFrequency_swallowsTheNextChangeOnce();
+    void resize_invalidNumbers_areWrittenAsKept();
 };
 
 void tst_KClockWidget::fresh_hasItsDefaults()
@@ -200,44 +114,6 @@ void tst_KClockWidget::setBackgroundColor_reachesAllParts()
         QCOMPARE(image.pixelColor(edit->geometry().right() - 4, edit->geometry().center().y()),
                  color);
     }
-}
-
-void tst_KClockWidget::children_standWhereTheRuleSays_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<int>("frame");
-    for (QSize const & size :
-         {QSize(520, 240), QSize(521, 241), QSize(333, 150), QSize(1900, 1000)}) {
-        for (int frame : {0, 4}) {
-            QTest::addRow("%d x %d, frame %d", size.width(), size.height(), frame) << size << frame;
-        }
-    }
-}
-
-void tst_KClockWidget::children_standWhereTheRuleSays()
-{
-    QFETCH(QSize, size);
-    QFETCH(int, frame);
-    Scene scene;
-    if (frame > 0) {
-        scene.clock.setFrameStyle(int(QFrame::Panel) | int(QFrame::Plain));
-        scene.clock.setLineWidth(frame);
-    }
-    QVERIFY(scene.show());
-    scene.clock.resize(size);
-    Expected const e = scene.expected();
-    auto const corners = [](int left, int top, int right, int bottom) {
-        return QRect(QPoint(left, top), QPoint(right, bottom));
-    };
-    int const left = e.L + e.OG;
-    QCOMPARE(scene.offset->geometry(), corners(left, margin, left + e.OW, margin + e.E));
-    int const periodLeft = e.L + 2 * e.OG + e.HP + e.OW;
-    QRect const period = corners(periodLeft, margin, periodLeft + e.PW, margin + e.E);
-    QCOMPARE(scene.period->geometry(), period);
-    QCOMPARE(scene.frequency->geometry(), period.translated(0, e.E + 2 * margin + e.WH));
-    QRect const high = corners(margin, e.T - e.E / 2, e.E + margin, e.T + e.E / 2 + 1);
-    QCOMPARE(scene.high->geometry(), high);
-    QCOMPARE(scene.low->geometry(), high.translated(0, e.WH));
 }
 
 void tst_KClockWidget::resize_rewritesOffsetAndPeriod()
@@ -508,24 +384,6 @@ void tst_KClockWidget::buttons_clicked_chooseTheLevel()
     QVERIFY(scene.low->isChecked());
 }
 
-void tst_KClockWidget::setFilling_outOfRange_isKept()
-{
-    Scene scene;
-    QVERIFY(scene.show());
-    for (int filling :
-         {0, 150, -20, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        scene.clock.setFillingWith1(filling);
-        QCOMPARE(scene.clock.getFillingWith1(), filling);
-        QVERIFY(!scene.clock.grab().isNull());
-    }
-    // The handle follows beyond the wave.
-    scene.clock.setFillingWith1(102);
-    Expected const e = scene.expected();
-    QPoint const handle = e.edge(102) + QPoint(3 - e.K, 1);
-    QVERIFY(scene.clock.rect().contains(handle));
-    QCOMPARE(scene.clock.grab().toImage().pixelColor(handle), handleColor);
-}
-
 void tst_KClockWidget::drag_movesTheEdge()
 {
     Scene scene;
@@ -599,29 +457,6 @@ void tst_KClockWidget::drag_startedBesideTheHandle_movesNothing()
     }
 }
 
-void tst_KClockWidget::drag_repaintsAllThatChanged()
-{
-    for (int frame : {0, 4}) {
-        Scene scene;
-        scene.clock.setFrameStyle(int(QFrame::Panel) | int(QFrame::Plain));
-        scene.clock.setLineWidth(frame);
-        QVERIFY(scene.show());
-        Expected const e = scene.expected();
-        scene.press(e.edge(50));
-        for (int target : {70, 99, 40, 1, 90, 10}) {
-            scene.drag(e.edge(target));
-            QCoreApplication::processEvents();
-            QImage const shown = scene.clock.screen()
-                                     ->grabWindow(scene.clock.winId())
-                                     .toImage()
-                                     .convertToFormat(QImage::Format_RGB32);
-            QImage const whole = scene.clock.grab().toImage().convertToFormat(QImage::Format_RGB32);
-            QCOMPARE(shown, whole);
-        }
-        scene.release(e.edge(10));
-    }
-}
-
 void tst_KClockWidget::cursor_overTheHandle_isHorizontal()
 {
     Scene scene;
@@ -637,100 +472,81 @@ void tst_KClockWidget::cursor_overTheHandle_isHorizontal()
     QCOMPARE(scene.clock.cursor().shape(), Qt::SizeHorCursor);
 }
 
-void tst_KClockWidget::handle_standsTwoRightAndOneBelow()
+// The other edit keeps its text: only the stored number is not valid any more.
+void tst_KClockWidget::setters_outOfRange_writeTheirOwnEditOnly()
 {
     Scene scene;
-    QVERIFY(scene.show());
-    Expected const e = scene.expected();
-    QVERIFY(e.K > 2);
-    QImage const image = scene.clock.grab().toImage();
-    QRect const square(e.edge(50) + QPoint(2 - e.K, 1 - e.K),
-                       e.edge(50) + QPoint(2 + e.K, 1 + e.K));
-    QRect const around = square.adjusted(-2, -2, 2, 2);
-    for (int y = around.top(); y <= around.bottom(); ++y) {
-        for (int x = around.left(); x <= around.right(); ++x) {
-            QCOMPARE(image.pixelColor(x, y) == handleColor, square.contains(x, y));
-        }
-    }
+    scene.clock.setFrequency(-1.0);
+    QCOMPARE(scene.texts(), QStringLiteral("0 ps | 100 ns | ????"));
+    QCOMPARE(scene.clock.getPeriod(), -1.0);
+    Scene other;
+    other.clock.setPeriod(1.0);
+    QCOMPARE(other.texts(), QStringLiteral("0 ps | ???? | 10MHz"));
+    QCOMPARE(other.clock.getFrequency(), -1.0);
 }
 
-void tst_KClockWidget::handle_withAFrame_isPaintedApartFromWhereItIsTaken()
+void tst_KClockWidget::typedFrequency_ofThePeriodThatStandsThere_writesNothing()
 {
     Scene scene;
-    scene.clock.setFrameStyle(int(QFrame::Panel) | int(QFrame::Plain));
-    scene.clock.setLineWidth(6);
     QVERIFY(scene.show());
+    Scene::type(scene.period, QStringLiteral("1 us"));
+    scene.frequency->setText(QStringLiteral("0.001 GHz"));
+    QCOMPARE(scene.texts(), QStringLiteral("0 ps | 1 us | 0.001 GHz"));
+    QCOMPARE(scene.clock.getPeriod(), 1e9);
+    QCOMPARE(scene.clock.getFrequency(), 1.0);
+}
+
+void tst_KClockWidget::typedFrequency_withoutUnit_isMHz()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    Scene::type(scene.frequency, QStringLiteral("4"));
+    QCOMPARE(scene.texts(), QStringLiteral("0 ps | 250 ns | 4"));
+}
+
+void tst_KClockWidget::typedFrequency_tooLowForAPeriod_isInvalid()
+{
+    Scene scene;
+    scene.frequency->setText(QStringLiteral("0.0001 uHz"));
+    QCOMPARE(scene.clock.getPeriod(), -1.0);
+    QCOMPARE(scene.clock.getFrequency(), -1.0);
+    QCOMPARE(scene.period->text(), QStringLiteral("????"));
+}
+
+void tst_KClockWidget::typedPeriod_belowTheMinimalPeriod_isInvalid()
+{
+    Scene scene;
+    scene.clock.setMinimalPeriod(5e6);
+    scene.period->setText(QStringLiteral("4.999 ns"));
+    QCOMPARE(scene.texts(), QStringLiteral("0 ps | 4.999 ns | ????"));
+    QCOMPARE(scene.clock.getPeriod(), -1.0);
+    scene.period->setText(QStringLiteral("5 ns"));
+    QCOMPARE(scene.texts(), QStringLiteral("0 ps | 5 ns | 200MHz"));
+}
+
+void tst_KClockWidget::mark_ofTheFrequency_swallowsTheNextChangeOnce()
+{
+    Scene scene;
+    scene.clock.setFrequency(0.0);
+    scene.clock.setFrequency(0.0); // reads "????" already
+    scene.frequency->setText(QStringLiteral("1MHz"));
+    QCOMPARE(scene.clock.getFrequency(), -1.0);
+    scene.frequency->setText(QStringLiteral("2MHz"));
+    QCOMPARE(scene.clock.getPeriod(), 5e8);
+}
+
+// The stored numbers are written, and -1 is one of them.
+void tst_KClockWidget::resize_invalidNumbers_areWrittenAsKept()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.clock.setOffset(-5.0);
+    scene.clock.setPeriod(1.0);
     scene.clock.resize(530, 250);
-    Expected const e = scene.expected();
-    QPoint const frame = scene.clock.contentsRect().topLeft();
-    QCOMPARE(frame, QPoint(6, 6));
-    QPoint const painted = e.edge(50) + QPoint(2 + e.K, 1 + e.K) + frame; // its right bottom pixel
-    QImage const image = scene.clock.grab().toImage();
-    QCOMPARE(image.pixelColor(painted), handleColor);
-    QVERIFY(image.pixelColor(painted + QPoint(1, 1)) != handleColor);
-    scene.press(painted);
-    scene.drag(painted + QPoint(60, 0));
-    QCOMPARE(scene.clock.getFillingWith1(), 50);
-    scene.release(painted);
-    scene.press(e.edge(50) - QPoint(e.K, e.K));
-    scene.drag(e.edge(80));
-    QVERIFY(scene.clock.getFillingWith1() > 70);
-    scene.release(e.edge(80));
-}
-
-void tst_KClockWidget::wave_hasItsLines_data()
-{
-    QTest::addColumn<bool>("high");
-    QTest::newRow("low start") << false;
-    QTest::newRow("high start") << true;
-}
-
-void tst_KClockWidget::wave_hasItsLines()
-{
-    QFETCH(bool, high);
-    Scene scene;
-    scene.clock.setHighStartValue(high);
-    QVERIFY(scene.show());
-    Expected const e = scene.expected();
-    QImage const image = scene.clock.grab().toImage();
-    QColor const ink(48, 48, 48);
-    int const start = e.L + 2 * e.OG + e.OW;
-    int const edge = start + e.pulse(50) + 1;
-    int const end = start + e.PW + 2 * e.HP;
-    int const firstLevel = high ? e.T : e.T + e.WH;
-    int const secondLevel = high ? e.T + e.WH : e.T;
-    for (int x = start + 2; x < edge - 2; ++x) {
-        QCOMPARE(image.pixelColor(x, firstLevel), ink);
-        QVERIFY(image.pixelColor(x, secondLevel) != ink);
-    }
-    for (int x = edge + 2; x < end - 1; ++x) {
-        QCOMPARE(image.pixelColor(x, secondLevel), ink);
-        QVERIFY(image.pixelColor(x, firstLevel) != ink);
-    }
-    for (int y = e.T + 2; y < e.T + e.WH / 2 - e.K - 2; ++y) {
-        QCOMPARE(image.pixelColor(edge, y), ink);
-    }
-}
-
-void tst_KClockWidget::sizes_ofAllKinds_areQuiet()
-{
-    QWidget window;
-    KClockWidget clock(&window);
-    clock.setFrameStyle(int(QFrame::Box) | int(QFrame::Raised));
-    window.resize(100, 100);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    for (QSize const & size : {QSize(0, 0), QSize(1, 1), QSize(40, 30), QSize(200, 3),
-                               QSize(3, 200), QSize(3840, 2160)}) {
-        clock.resize(size);
-        for (int filling : {-1000, 0, 50, 100, 1'000'000}) {
-            clock.setFillingWith1(filling);
-            QVERIFY(clock.grab().isNull() == size.isEmpty());
-            QTest::mousePress(&clock, Qt::LeftButton, {}, QPoint(0, 0));
-            QTest::mouseRelease(&clock, Qt::LeftButton, {}, QPoint(0, 0));
-        }
-    }
-    QVERIFY(clock.sizeHint().isValid());
+    QCOMPARE(scene.texts(), QStringLiteral("-0.001 ps | -0.001 ps | ????"));
+    QCOMPARE(scene.clock.getOffset(), -1.0);
+    QCOMPARE(scene.clock.getPeriod(), -1.0);
+    QCOMPARE(scene.clock.getFrequency(), -1.0);
 }
 
 ZENU_TEST(tst_KClockWidget)

@@ -62,6 +62,7 @@ struct KClockWidget::PrivateData
     void dragTo(int x);
     void showCursor(QPoint const & place);
     void updatePart(QRect const & part);
+    void placeParts();
     void layOut();
 
     KClockWidget * owner;
@@ -135,7 +136,7 @@ void KClockWidget::PrivateData::updatePart(QRect const & part)
     owner->update(part | part.translated(owner->contentsRect().topLeft()));
 }
 
-void KClockWidget::PrivateData::layOut()
+void KClockWidget::PrivateData::placeParts()
 {
     QFontMetrics const metrics(owner->font(), owner);
     layout = ClockLayout(ClockMeasures::of(metrics), owner->contentsRect().size());
@@ -144,6 +145,12 @@ void KClockWidget::PrivateData::layOut()
     frequencyEdit->setGeometry(layout.frequencyEdit());
     highButton->setGeometry(layout.highButton());
     lowButton->setGeometry(layout.lowButton());
+}
+
+// Numbers that are not valid are written as the -1 that is kept.
+void KClockWidget::PrivateData::layOut()
+{
+    placeParts();
     offsetEdit->setText(timeText(offset));
     periodEdit->setText(timeText(period));
 }
@@ -373,6 +380,16 @@ void KClockWidget::resizeEvent(QResizeEvent * event)
 {
     m_data->layOut();
     QFrame::resizeEvent(event);
+}
+
+void KClockWidget::changeEvent(QEvent * event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        m_data->placeParts();
+        updateGeometry();
+        update();
+    }
 }
 
 void KClockWidget::mouseMoveEvent(QMouseEvent * event)

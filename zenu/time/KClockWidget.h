@@ -81,6 +81,7 @@ public Q_SLOTS:
 protected:
     void paintEvent(QPaintEvent * event) override;
     void resizeEvent(QResizeEvent * event) override;
+    void changeEvent(QEvent * event) override;
     void mouseMoveEvent(QMouseEvent * event) override;
     void mousePressEvent(QMouseEvent * event) override;
     void mouseReleaseEvent(QMouseEvent * event) override;

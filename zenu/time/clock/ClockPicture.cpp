@@ -1,23 +1,31 @@
 #include "zenu/time/clock/ClockPicture.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace zenu {
 
 namespace {
 
-constexpr int arrowLength = 5;    // pixels
-constexpr int arrowHalfWidth = 2; // pixels
-constexpr int waveWidth = 2;      // pixels
+// Of an arrow from the middle of the pixel at its point, in pixels: a little more than to the
+// middle of the base's pixels, so that these are inside at every ratio.
+constexpr qreal arrowLength = 5.25;
+constexpr qreal arrowHalfWidth = 2.3;
+constexpr int waveWidth = 2; // pixels
 constexpr int measuringBox = 10'000;
 QColor const waveColor(48, 48, 48);
 QColor const borderColor(50, 100, 50);
 QColor const handleColor(150, 60, 60);
 
-// Points to (x, y), with its base `inwards` pixels away.
-QPolygon arrow(int x, int y, int inwards)
+// Points to the pixel (x, y), with its base at the side where `inwards` is, 1 or -1.
+QPainterPath arrow(int x, int y, int inwards)
 {
-    return QPolygon({{x, y}, {x + inwards, y - arrowHalfWidth}, {x + inwards, y + arrowHalfWidth}});
+    QPointF const point(x + 0.5, y + 0.5);
+    QPainterPath path(point);
+    path.lineTo(point + QPointF(inwards * arrowLength, -arrowHalfWidth));
+    path.lineTo(point + QPointF(inwards * arrowLength, arrowHalfWidth));
+    path.closeSubpath();
+    return path;
 }
 
 } // namespace
@@ -29,8 +37,10 @@ ClockPicture::ClockPicture(QPainter & painter, ClockLayout const & layout, QPoin
 {
 }
 
+// Time runs to the right in every language, and the texts read with it.
 void ClockPicture::draw(long long filling, bool highStart)
 {
+    m_painter.setLayoutDirection(Qt::LeftToRight);
     m_pulse = m_layout.pulse(filling);
     drawDimensions();
     drawFrequencyWord();
@@ -46,7 +56,6 @@ void ClockPicture::drawDimensions()
     int const start = m_layout.periodStart();
     int const left = m_layout.waveLeft;
     m_painter.setPen(Qt::black);
-    m_painter.setBrush(Qt::black);
     m_painter.translate(0, -m_frame.y());
     drawDimension(left, left + m_layout.offsetGap, left + m_layout.offsetGap + m_layout.offsetWidth,
                   start);
@@ -56,13 +65,14 @@ void ClockPicture::drawDimensions()
     m_painter.translate(0, m_frame.y());
 }
 
+// Filled, since a pen's line lies between the arrows' halves at a ratio of 1 only.
 void ClockPicture::drawDimension(int left, int gapLeft, int gapRight, int right)
 {
     int const y = m_layout.editHeight / 2 + clockMargin;
-    m_painter.drawLine(left, y, gapLeft, y);
-    m_painter.drawLine(gapRight, y, right, y);
-    m_painter.drawPolygon(arrow(left, y, arrowLength));
-    m_painter.drawPolygon(arrow(right, y, -arrowLength));
+    m_painter.fillRect(QRect(QPoint(left, y), QPoint(gapLeft, y)), Qt::black);
+    m_painter.fillRect(QRect(QPoint(gapRight, y), QPoint(right, y)), Qt::black);
+    m_painter.fillPath(arrow(left, y, 1), Qt::black);
+    m_painter.fillPath(arrow(right, y, -1), Qt::black);
 }
 
 void ClockPicture::drawFrequencyWord()
@@ -74,7 +84,6 @@ void ClockPicture::drawFrequencyWord()
 void ClockPicture::drawWave(bool highStart)
 {
     m_painter.setPen(QPen(waveColor, waveWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    m_painter.setBrush(Qt::NoBrush);
     for (QPolygon const & lines : m_layout.wave(m_pulse, highStart)) {
         m_painter.drawPolyline(lines);
     }
