@@ -73,6 +73,8 @@ private Q_SLOTS:
     void addTool_withoutIcon_hasNoExtentAndIsQuiet();
     void action_deleted_clickDoesNothing();
     void dialog_deletedByItsAction_isQuiet();
+    void press_outside_hides();
+    void escape_hides();
 };
 
 void tst_KToolDialog::fresh_isAPopupWithARaisedPanel()
@@ -283,6 +285,27 @@ void tst_KToolDialog::dialog_deletedByItsAction_isQuiet()
     QVERIFY(QTest::qWaitForWindowExposed(dialog));
     QTest::mouseClick(dialog->findChild<KFlashButton *>(), Qt::LeftButton);
     QTRY_VERIFY(!guard);
+}
+
+// The press comes in through the window, as from the mouse: an open popup has it, wherever it is.
+void tst_KToolDialog::press_outside_hides()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    QSignalSpy const opened(&scene.open, &QAction::triggered);
+    QPoint const outside(-30, -20);
+    QTest::mousePress(scene.dialog.windowHandle(), Qt::LeftButton, {}, outside);
+    QVERIFY(!scene.dialog.isVisible());
+    QTest::mouseRelease(scene.dialog.windowHandle(), Qt::LeftButton, {}, outside);
+    QCOMPARE(opened.count(), 0);
+}
+
+void tst_KToolDialog::escape_hides()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    QTest::keyClick(&scene.dialog, Qt::Key_Escape);
+    QVERIFY(!scene.dialog.isVisible());
 }
 
 ZENU_TEST(tst_KToolDialog)
