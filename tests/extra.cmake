@@ -63,7 +63,8 @@ endforeach()
 
 # Menus that take the mouse of a display server, and at a ratio where widgets in them scale.
 if(XVFB_RUN)
-    foreach(class tst_ColorButtonPopup tst_KColorPopup tst_ColorPopupInput tst_PageSelectorInput)
+    foreach(class tst_ColorButtonPopup tst_ColorButtonClosing tst_KColorPopup tst_ColorPopupInput
+            tst_PageSelectorInput)
         foreach(ratio 1 2)
             add_test(NAME ${class}_xcb_${ratio} COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24"
                      $<TARGET_FILE:tests_widgets> -class ${class})

@@ -137,6 +137,15 @@ inline void settle()
     QTest::qWait(40);
 }
 
+inline void sendPress(QWidget & receiver, QPoint const & global, QEvent::Type type,
+                      quint64 time = 0)
+{
+    QMouseEvent event(type, receiver.mapFromGlobal(global), global, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    event.setTimestamp(time);
+    QApplication::sendEvent(&receiver, &event);
+}
+
 // The parts of a colour popup.
 struct PopupParts
 {

@@ -88,7 +88,9 @@ private Q_SLOTS:
     void arrowPart_byTheRule();
     void arrowPart_whileOpen_isDown();
     void focus_isDrawnInsetBy3();
+    void focus_ofAProxy_isNotDrawn();
     void flat_parentsPixmap_isTiled();
+    void content_usualNumbersAndColors();
     void swatch_byTheRule_data() { zenutest::addRatios(); }
     void swatch_byTheRule();
     void swatch_withoutLargestSize_isNotDrawn();
@@ -207,7 +209,7 @@ void tst_ColorButtonDrawing::arrowPart_whileOpen_isDown()
     window.press(window.onArrow());
     QCOMPARE(whileOpen, QByteArrayList({"panel 0 0 47 30 raised enabled",
                                         "drop-down 47 0 13 30 down raised enabled",
-                                        "arrow 47 0 13 30 raised enabled"}));
+                                        "arrow 47 0 13 30 down raised enabled"}));
     style.calls.clear();
     drawn(*window.button);
     QCOMPARE(style.calls.value(1), QByteArray("drop-down 47 0 13 30 raised enabled"));
@@ -227,6 +229,25 @@ void tst_ColorButtonDrawing::focus_isDrawnInsetBy3()
     style.calls.clear();
     drawn(*window.button);
     QCOMPARE(style.calls, QByteArrayList({"panel 0 0 60 30 raised enabled", "focus 3 3 54 24"}));
+}
+
+void tst_ColorButtonDrawing::focus_ofAProxy_isNotDrawn()
+{
+    Recorder style;
+    zenutest::Window window;
+    QWidget proxy(&window);
+    proxy.setFocusPolicy(Qt::StrongFocus);
+    window.button->setStyle(&style);
+    window.button->setFocusPolicy(Qt::StrongFocus);
+    window.button->setFocusProxy(&proxy);
+    QVERIFY(window.open());
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    proxy.setFocus();
+    QVERIFY(window.button->hasFocus());
+    style.calls.clear();
+    drawn(*window.button);
+    QCOMPARE(style.calls, QByteArrayList({"panel 0 0 60 30 raised enabled"}));
 }
 
 void tst_ColorButtonDrawing::flat_parentsPixmap_isTiled()
@@ -252,6 +273,25 @@ void tst_ColorButtonDrawing::flat_parentsPixmap_isTiled()
     }
     enter(button); // a raised one has a panel instead
     QVERIFY(drawn(button) != picture);
+}
+
+// White with a black border, margin 2, spacing 2.
+void tst_ColorButtonDrawing::content_usualNumbersAndColors()
+{
+    auto const button = flatButton(QSize(60, 30));
+    button->setMaxColorSize(QSize(24, 12));
+    button->setArrow(Qt::DownArrow);
+    PixelPicture arrowAlone(button->size(), 1, Qt::green);
+    addArrow(arrowAlone, 13, 12, Qt::black); // x = (60 - 9 - 24) / 2
+    QCOMPARE(zenutest::difference(drawn(*button), arrowAlone.image()), QByteArray());
+    button->setBorderColor(Qt::black);
+    PixelPicture both(button->size(), 1, Qt::green);
+    both.fill(12, 9, 24, 12, Qt::white); // x = (60 - 9 - 2 - 24) / 2
+    both.frame(12, 9, 24, 12, Qt::black);
+    addArrow(both, 38, 12, Qt::black);
+    QCOMPARE(zenutest::difference(drawn(*button), both.image()), QByteArray());
+    button->setFillColor(Qt::white);
+    QCOMPARE(zenutest::difference(drawn(*button), both.image()), QByteArray());
 }
 
 void tst_ColorButtonDrawing::swatch_byTheRule()

@@ -53,7 +53,10 @@ private Q_SLOTS:
     void setPopup_isGuarded();
     void uses3D_byTheRule();
     void hovering_disabledButton_staysFlat();
+    void hovering_repaintsAFlatButtonOnly_data();
+    void hovering_repaintsAFlatButtonOnly();
     void move_insideWithoutEnter_hovers();
+    void moved_overAPixmap_repaintsAFlatButtonOnly();
     void hint_byTheRule_data();
     void hint_byTheRule();
     void hint_ofTheArrow_is9x6();
@@ -200,6 +203,56 @@ void tst_KColorButton::hovering_disabledButton_staysFlat()
     QVERIFY(!button.uses3D());
     button.setEnabled(true);
     QVERIFY(button.uses3D());
+}
+
+void tst_KColorButton::hovering_repaintsAFlatButtonOnly_data()
+{
+    QTest::addColumn<bool>("flat");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("flat") << true << true;
+    QTest::newRow("flat, disabled") << true << false;
+    QTest::newRow("raised") << false << true;
+}
+
+void tst_KColorButton::hovering_repaintsAFlatButtonOnly()
+{
+    QFETCH(bool, flat);
+    QFETCH(bool, enabled);
+    Window window;
+    window.button->setAutoRaise(flat);
+    window.button->setEnabled(enabled);
+    QVERIFY(window.open());
+    for (auto const & send : {sendEnter, sendLeave}) {
+        settle();
+        window.button->drawn = 0;
+        send(*window.button);
+        settle();
+        QCOMPARE(window.button->drawn > 0, flat && enabled);
+    }
+}
+
+// A widget that shows its parent's pixmap has to draw it anew where it comes to lie.
+void tst_KColorButton::moved_overAPixmap_repaintsAFlatButtonOnly()
+{
+    QPixmap tile(7, 5);
+    tile.fill(Qt::yellow);
+    QPalette const plain = QApplication::palette();
+    QPalette tiled = plain;
+    tiled.setBrush(QPalette::Window, QBrush(tile));
+    Window window;
+    QVERIFY(window.open());
+    for (bool const flat : {true, false}) {
+        for (bool const pixmap : {true, false}) {
+            window.button->setAutoRaise(flat);
+            window.setPalette(pixmap ? tiled : plain);
+            settle();
+            window.button->drawn = 0;
+            QMoveEvent event(window.button->pos(), QPoint(1, 1));
+            QApplication::sendEvent(window.button, &event);
+            settle();
+            QCOMPARE(window.button->drawn > 0, flat && pixmap);
+        }
+    }
 }
 
 void tst_KColorButton::move_insideWithoutEnter_hovers()

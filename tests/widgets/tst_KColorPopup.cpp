@@ -108,6 +108,7 @@ private Q_SLOTS:
     void construction_order();
     void swatches_areBuiltByTheRule();
     void entries_areBuiltByTheRule();
+    void entries_haveAFrame();
     void emptyGrid_entriesStillWork_data();
     void emptyGrid_entriesStillWork();
     void defaultColor_showsAtTheNextOpening();
@@ -208,6 +209,21 @@ void tst_KColorPopup::entries_areBuiltByTheRule()
                     QSize(12 + standard.width() + 2 + 4 + 4, qMax(12, standard.height()) + 4)));
     QCOMPARE(parts.other->sizeHint(),
              styled(*parts.other, QSize(other.width() + 2 + 4, other.height() + 4)));
+}
+
+void tst_KColorPopup::entries_haveAFrame()
+{
+    KColorPopup const popup;
+    PopupParts const parts(popup);
+    for (KColorButton * const button : {parts.standard, parts.other}) {
+        QImage picture(60, 30, QImage::Format_RGB32);
+        picture.fill(Qt::darkCyan);
+        button->resize(picture.size());
+        QPainter painter(&picture);
+        button->drawButton(&painter);
+        for (QPoint const corner : {QPoint(2, 2), QPoint(57, 2), QPoint(2, 27), QPoint(57, 27)})
+            QCOMPARE(picture.pixelColor(corner), QColor(Qt::black));
+    }
 }
 
 void tst_KColorPopup::emptyGrid_entriesStillWork_data()

@@ -96,12 +96,14 @@ private Q_SLOTS:
     void setSelectedFilter_selectsTheFilterOfTheIndex();
     void setSelectedFilter_outOfRange_changesNothing_data();
     void setSelectedFilter_outOfRange_changesNothing();
+    void setSelectedFilter_ofDirectories_changesNoText();
     void setSelectedFilter_isVirtual();
     void hiddenPatterns_filtersStayApart();
     void chosenFilter_reachesFilterChanged();
     void dirChanged_postsFocusInAndOut();
     void directoryEntered_reachesDirChanged_ofTheLongConstructor();
     void directoryEntered_isIgnored_byTheShortConstructor();
+    void directoryEnteredByTheUser_reachesTheNameField();
 
 private:
     QTemporaryDir m_settings;
@@ -324,6 +326,20 @@ void tst_KFileDialog::setSelectedFilter_outOfRange_changesNothing()
     QCOMPARE(dialog.selectedFilterIndex(), -1);
 }
 
+void tst_KFileDialog::setSelectedFilter_ofDirectories_changesNoText()
+{
+    KFileDialog dialog;
+    dialog.addFilter("A (*.a)");
+    dialog.addFilter("B (*.b)");
+    dialog.setFileMode(QFileDialog::Directory);
+    auto const * const combo = dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
+    QString const text = combo->currentText();
+    QVERIFY(!text.isEmpty());
+    dialog.setSelectedFilter(1);
+    QCOMPARE(combo->currentText(), text);
+    QCOMPARE(dialog.selectedFilterIndex(), -1);
+}
+
 void tst_KFileDialog::setSelectedFilter_isVirtual()
 {
     class Counting : public KFileDialog
@@ -404,6 +420,23 @@ void tst_KFileDialog::directoryEntered_isIgnored_byTheShortConstructor()
     Q_EMIT dialog.directoryEntered(m_files.path());
     QCoreApplication::sendPostedEvents(edit);
     QCOMPARE(events.log, QString());
+}
+
+void tst_KFileDialog::directoryEnteredByTheUser_reachesTheNameField()
+{
+    Dialog dialog(m_files.path(), QString());
+    dialog.setViewMode(QFileDialog::List);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    auto * const files = dialog.child<QListView>("listView");
+    QTRY_COMPARE(files->model()->rowCount(files->rootIndex()), 1);
+    files->setCurrentIndex(files->model()->index(0, 0, files->rootIndex()));
+    files->setFocus();
+    QTRY_VERIFY(files->hasFocus());
+    FocusEvents const events(dialog.child<QLineEdit>("fileNameEdit"));
+    QTest::keyClick(files, Qt::Key_Return);
+    QTRY_COMPARE(dialog.directory().dirName(), QStringLiteral("inner"));
+    QTRY_COMPARE(events.log, QStringLiteral("in out "));
 }
 
 ZENU_TEST(tst_KFileDialog)

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void press_withoutMove_picksNothing();
     void press_afterMove_picksAndHides_data();
     void press_afterMove_picksAndHides();
+    void pick_isToldBeforeTheMenuHides();
+    void pick_closesTheMenusAbove();
     void click_isOneSignal();
     void release_whileOpen_picks();
     void pressOutside_closesWithoutSignal();
@@ -139,6 +141,45 @@ void tst_PageSelectorInput::press_afterMove_picksAndHides()
     QTRY_COMPARE(selector.picked, QStringList(QStringLiteral("2,3")));
     QVERIFY(!selector.isVisible());
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_PageSelectorInput::pick_isToldBeforeTheMenuHides()
+{
+    Selector selector;
+    bool visible = false;
+    connect(&selector, &KPageSelector::pageRangeSelected, this,
+            [&] { visible = selector.isVisible(); });
+    selector.open();
+    selector.moveTo(middle(2, 3));
+    QTest::mousePress(selector.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      selector.inWindow(middle(2, 3)));
+    QTRY_COMPARE(selector.picked.size(), 1);
+    QVERIFY(visible);
+    QVERIFY(!selector.isVisible());
+}
+
+void tst_PageSelectorInput::pick_closesTheMenusAbove()
+{
+    Selector selector;
+    QMenu outer;
+    QMenu inner;
+    outer.addMenu(&inner);
+    inner.addMenu(&selector);
+    outer.popup(QPoint(50, 40));
+    QVERIFY(QTest::qWaitForWindowExposed(&outer));
+    outer.setActiveAction(inner.menuAction());
+    QTest::keyClick(&outer, Qt::Key_Right);
+    QVERIFY(QTest::qWaitForWindowExposed(&inner));
+    inner.setActiveAction(selector.menuAction());
+    QTest::keyClick(&inner, Qt::Key_Right);
+    QVERIFY(QTest::qWaitForWindowExposed(&selector));
+    selector.moveTo(middle(2, 3));
+    QTest::mouseClick(selector.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      selector.inWindow(middle(2, 3)));
+    QTRY_COMPARE(selector.picked, QStringList(QStringLiteral("2,3")));
+    QVERIFY(!selector.isVisible());
+    QVERIFY(!inner.isVisible());
+    QVERIFY(!outer.isVisible());
 }
 
 void tst_PageSelectorInput::click_isOneSignal()

@@ -285,6 +285,8 @@ bool KColorButton::eventFilter(QObject * watched, QEvent * event)
         if (QApplication::widgetAt(mouse.globalPosition().toPoint()) == this) {
             d->discardNextMouseEvent = true;
             d->closingPress = mouse.timestamp();
+            if (!d->isRunningMenu) // another button does, or nobody
+                forgetClosingPress();
         }
     }
     return QAbstractButton::eventFilter(watched, event);
@@ -322,17 +324,24 @@ void KColorButton::popupTimerDone()
     setAutoRepeat(false);
 
     QPointer<KColorButton> const self(this);
+    d->isRunningMenu = true;
     menu->exec(d->globalPopupPosition(), nullptr);
     if (!self)
         return;
+    d->isRunningMenu = false;
     setDown(false);
     setAutoRepeat(d->savedAutoRepeat);
     // The mouse may have left while the menu took its events.
     if (d->hovering && !rect().contains(mapFromGlobal(QCursor::pos())))
         setHovering(false);
-    // A platform sends the press that closed the menu again at once, or never.
     if (d->discardNextMouseEvent)
-        QTimer::singleShot(0, this, [this] { d->discardNextMouseEvent = false; });
+        forgetClosingPress();
+}
+
+// A platform sends the press that closed the menu again at once, or never.
+void KColorButton::forgetClosingPress()
+{
+    QTimer::singleShot(0, this, [this] { d->discardNextMouseEvent = false; });
 }
 
 QSize KColorButton::textSize(int * ascent) const

@@ -126,6 +126,7 @@ private:
 
     void init();
     void openPopup();
+    void forgetClosingPress();
     QSize textSize(int * ascent) const;
     void setHovering(bool hovering);
     void keepText(QString const & text);

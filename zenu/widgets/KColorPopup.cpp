@@ -2,6 +2,7 @@
 
 #include "zenu/widgets/KColorButton.h"
 #include "zenu/widgets/inner/KColorPopupPrivate.h"
+#include "zenu/widgets/inner/MenuChain.h"
 #include "zenu/widgets/inner/StandardColors.h"
 
 #include <QtWidgets/QApplication>
@@ -176,16 +177,9 @@ void KColorPopup::otherSel()
 bool KColorPopup::closeWithCauses()
 {
     QPointer<KColorPopup> const self(this);
-    QPointer<QAction> cause = menuAction();
+    QPointer<QAction> const cause = menuAction();
     close();
-    while (cause) {
-        auto * const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu || menu->activeAction() != cause)
-            break;
-        cause = menu->menuAction();
-        if (!menu->close())
-            break;
-    }
+    closeMenusAbove(cause);
     return self;
 }
 

@@ -71,12 +71,12 @@ QString selectedFilter(QFileDialog const & dialog)
     return combo ? dialog.nameFilters().value(combo->currentIndex()) : QString();
 }
 
-// Equal texts make the dialog select the first of them.
+// Equal texts make the dialog select the first of them. A dialog for directories lists none.
 void selectFilterAt(QFileDialog & dialog, int position)
 {
     dialog.selectNameFilter(dialog.nameFilters().at(position));
     QComboBox * const combo = typeCombo(dialog);
-    if (combo && combo->currentIndex() != position) {
+    if (combo && combo->currentIndex() != position && position < combo->count()) {
         combo->setCurrentIndex(position);
         Q_EMIT combo->activated(position);
     }

@@ -1,6 +1,7 @@
 #include "zenu/widgets/KPageSelector.h"
 
 #include "zenu/widgets/KPixmapSet.h"
+#include "zenu/widgets/inner/MenuChain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QFontInfo>
@@ -208,7 +209,9 @@ void KPageSelector::PrivateData::pick()
     QPointer<KPageSelector> const guard(q); // a receiver may delete it
     Q_EMIT guard->pageRangeSelected(selectedRows, selectedColumns);
     if (guard) {
+        QPointer<QAction> const cause = guard->menuAction();
         guard->hide();
+        closeMenusAbove(cause);
     }
 }
 

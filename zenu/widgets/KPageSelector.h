@@ -33,9 +33,9 @@ public:
     bool eventFilter(QObject * watched, QEvent * event) override;
 
 Q_SIGNALS:
-    /// Pages were picked; the menu hides when all receivers have returned. They may delete it. The
-    /// numbers are (0, 0) if nothing has been selected yet. They can be outside of the grid when
-    /// the mouse is, with a button held down.
+    /// Pages were picked; the menu, and the menus that it is a submenu of, hide when all receivers
+    /// have returned. They may delete it. The numbers are (0, 0) if nothing has been selected yet.
+    /// They can be outside of the grid when the mouse is, with a button held down.
     void pageRangeSelected(int rows, int columns);
 
 protected:

@@ -138,12 +138,10 @@ void KColorButton::PrivateData::drawParts(QPainter * painter) const
     if (hasArrowPart()) {
         QStyleOptionToolButton arrow = option;
         arrow.rect = arrowPart();
-        QStyle::State const plainState = arrow.state;
         if (instantPopup)
             arrow.state |= QStyle::State_Sunken;
         if (arrow.state & shown)
             style.drawPrimitive(QStyle::PE_IndicatorButtonDropDown, &arrow, painter, owner);
-        arrow.state = plainState;
         style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, owner);
     }
 

@@ -38,6 +38,7 @@ struct KColorButton::PrivateData
     bool autoRaise = false;
     bool instantPopup = false;          // the menu is open or opening by the arrow part
     bool discardNextMouseEvent = false; // the press that closed the menu must not open it again
+    bool isRunningMenu = false;         // in the event loop of the menu
     bool savedAutoRepeat = false;
     int margin = 2;
     int spacing = 2;
