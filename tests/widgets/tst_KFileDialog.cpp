@@ -427,6 +427,7 @@ void tst_KFileDialog::directoryEnteredByTheUser_reachesTheNameField()
     Dialog dialog(m_files.path(), QString());
     dialog.setViewMode(QFileDialog::List);
     dialog.show();
+    dialog.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     auto * const files = dialog.child<QListView>("listView");
     QTRY_COMPARE(files->model()->rowCount(files->rootIndex()), 1);
