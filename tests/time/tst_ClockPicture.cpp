@@ -413,6 +413,7 @@ void tst_ClockPicture::setFilling_zeroAndOneHundredFifty_arePaintedAsTheyAre()
     QVERIFY(image.pixelColor(end - 3, e.T) != waveColor);
 }
 
+// The direction of texts that are painted is the application's.
 void tst_ClockPicture::rightToLeft_pictureIsTheSame()
 {
     Scene scene;
@@ -420,8 +421,12 @@ void tst_ClockPicture::rightToLeft_pictureIsTheSame()
     Expected const e = scene.expected();
     QRect const wave(0, margin + e.E + 2, scene.clock.width(), e.WH);
     QImage const before = scene.clock.grab(wave).toImage();
-    scene.clock.setLayoutDirection(Qt::RightToLeft);
-    QCOMPARE(scene.clock.grab(wave).toImage(), before);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    QImage const after = scene.clock.grab(wave).toImage();
+    bool const isTurned = scene.clock.layoutDirection() == Qt::RightToLeft;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    QVERIFY(isTurned);
+    QCOMPARE(after, before);
 }
 
 void tst_ClockPicture::dimensions_ratioOfTwo_arrowsAreEvenAboutTheLine()
