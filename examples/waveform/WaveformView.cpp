@@ -188,6 +188,7 @@ void WaveformView::keyPressEvent(QKeyEvent * event)
 
 void WaveformView::leaveEvent(QEvent *)
 {
+    m_mouse.reset();
     m_timeLine.hide();
     m_valueLine.hide();
     m_tip.hide();
@@ -247,11 +248,15 @@ void WaveformView::showStretch(Stretch const & stretch)
     m_visible = stretch;
     m_band = QRect();
     m_layer.setSelection(m_band);
+    if (m_mouse) {
+        follow(*m_mouse); // another time and value lie below it
+    }
     update();
 }
 
 void WaveformView::follow(QPoint const & mouse)
 {
+    m_mouse = mouse;
     m_timeLine.moveTo(QPoint(mouse.x(), 0));
     m_valueLine.moveTo(QPoint(0, yOf(m_signal.at(sampleAt(mouse.x())))));
     m_timeLine.show();

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 // The picture of a signal, which is slow to draw, and over it everything that moves: a pair of
@@ -89,7 +90,8 @@ private:
     std::vector<std::unique_ptr<Marker>> m_markers;
     QTimer m_timer;
     QRect m_band;
-    int m_pressedAt = -1; // x of the press that drags the band; -1: none
+    std::optional<QPoint> m_mouse; // where it rests over the picture
+    int m_pressedAt = -1;          // x of the press that drags the band; -1: none
     int m_caretX = 0;
     int m_paints = 0;
     int m_frames = 0;

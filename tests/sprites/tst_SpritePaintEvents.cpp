@@ -2,6 +2,7 @@
 #include "tests/support/TestMain.h"
 
 #include <QtGui/QPdfWriter>
+#include <QtGui/QPicture>
 #include <QtWidgets/QGraphicsOpacityEffect>
 
 using namespace zenu;
@@ -37,6 +38,11 @@ private Q_SLOTS:
     void render_intoAPainter_showsTheSprites();
     void render_ofTheWindow_showsTheSprites();
     void render_intoAFileOfCommands_isSafe();
+    void render_scaled_scalesSpritesAndBand_data();
+    void render_scaled_scalesSpritesAndBand();
+    void render_ofTheWindowMoved_movesTheSpritesAlong();
+    void render_withThePainterOfTheHostOpen_showsTheSprites();
+    void render_recorded_playsTheSprites();
     void graphicsEffect_spritesAreShownByRepainting();
 
 private:
@@ -386,6 +392,104 @@ void tst_SpritePaintEvents::render_intoAFileOfCommands_isSafe()
     }
     QVERIFY(bytes.size() > 1000);
     QCOMPARE(wrongPixels(picture(*m_window), expectedPicture()), 0);
+}
+
+void tst_SpritePaintEvents::render_scaled_scalesSpritesAndBand_data()
+{
+    QTest::addColumn<bool>("painterOpen");
+    QTest::addColumn<int>("size"); // of the picture, in sizes of the host
+    QTest::newRow("painter of the host closed") << false << 2;
+    QTest::newRow("painter of the host open") << true << 2;
+    QTest::newRow("closed, picture of the size of the host") << false << 1;
+    QTest::newRow("open, picture of the size of the host") << true << 1;
+}
+
+void tst_SpritePaintEvents::render_scaled_scalesSpritesAndBand()
+{
+    QFETCH(bool, painterOpen);
+    QFETCH(int, size);
+    constexpr int scale = 2;
+    m_host->keepsPainterOpen = painterOpen;
+    QImage image(m_host->size() * size, QImage::Format_RGB32);
+    {
+        QPainter painter(&image);
+        painter.scale(scale, scale);
+        m_host->render(&painter);
+    }
+    auto const scaled = [](QRect const & r) {
+        return QRect(r.topLeft() * scale, r.size() * scale);
+    };
+    QImage expected(image.size(), image.format());
+    QPainter painter(&expected);
+    for (int y = 0; y < m_host->height(); y += SpriteHost::cell) {
+        for (int x = 0; x < m_host->width(); x += SpriteHost::cell)
+            painter.fillRect(scaled(QRect(x, y, SpriteHost::cell, SpriteHost::cell)),
+                             m_host->colorAt(x, y));
+    }
+    painter.end();
+    expected = inverted(expected, {scaled(bandRect)});
+    painter.begin(&expected);
+    painter.fillRect(scaled(lowerRect), Qt::red);
+    painter.fillRect(scaled(upperRect), Qt::blue);
+    painter.end();
+    QCOMPARE(wrongPixels(image, expected), 0);
+}
+
+// The host is a child there, at a place of its own.
+void tst_SpritePaintEvents::render_ofTheWindowMoved_movesTheSpritesAlong()
+{
+    constexpr int moved = 16; // whole device pixels at every ratio
+    qreal const ratio = ratioOf(*m_host);
+    int const deviceMoved = qRound(moved * ratio);
+    QImage const there = expectedPicture();
+    for (bool const open : {false, true}) {
+        m_host->keepsPainterOpen = open;
+        QImage image(there.size() + QSize(deviceMoved, deviceMoved), QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::gray);
+        QPainter painter(&image);
+        painter.translate(moved, moved);
+        m_window->render(&painter);
+        painter.end();
+        image.setDevicePixelRatio(1);
+        QCOMPARE(
+            wrongPixels(image.copy(QRect(QPoint(deviceMoved, deviceMoved), there.size())), there),
+            0);
+    }
+}
+
+void tst_SpritePaintEvents::render_withThePainterOfTheHostOpen_showsTheSprites()
+{
+    m_host->keepsPainterOpen = true;
+    QImage image(deviceRect(*m_host, QRect(QPoint(), m_host->size())).size(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratioOf(*m_host));
+    image.fill(Qt::gray);
+    QPainter painter(&image);
+    painter.setPen(Qt::magenta);
+    m_host->render(&painter);
+    QCOMPARE(painter.pen().color(), QColor(Qt::magenta));
+    painter.end();
+    image.setDevicePixelRatio(1);
+    QCOMPARE(wrongPixels(image, expectedPicture().copy(deviceRect(*m_host, m_host->rect()))), 0);
+}
+
+// A device that keeps commands, as a printer does.
+void tst_SpritePaintEvents::render_recorded_playsTheSprites()
+{
+    QPicture record;
+    {
+        QPainter painter(&record);
+        m_host->render(&painter);
+    }
+    QImage image(m_host->size(), QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    {
+        QPainter painter(&image);
+        painter.drawPicture(0, 0, record);
+    }
+    QCOMPARE(image.pixelColor(upperRect.center()), QColor(Qt::blue));
+    QCOMPARE(image.pixelColor(lowerRect.topLeft() + QPoint(4, 4)), QColor(Qt::red));
+    QCOMPARE(image.pixelColor(200, 20), m_host->colorAt(200, 20));
 }
 
 // There is no surface under an effect: the host paints, and the sprites with it.

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void everythingTakenAway_leavesThePictureAsItWas();
     void drag_selectsTheStretchUnderIt();
     void return_zoomsToTheSelection();
+    void zoom_underAMouseAtRest_renewsTheTip();
     void escape_showsAll();
     void range_isLowestAndHighest();
 };
@@ -109,6 +110,23 @@ void tst_WaveformView::return_zoomsToTheSelection()
     QTRY_COMPARE(scene.view.paints(), paints + 1);
     QTest::keyClick(&scene.view, Qt::Key_Return); // nothing is selected any more
     QCOMPARE(scene.view.visible().first, selected.first);
+}
+
+// The tip and the line at the value look as if the mouse had been moved there just now.
+void tst_WaveformView::zoom_underAMouseAtRest_renewsTheTip()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.drag(100, 300);
+    QTest::mouseMove(&scene.view, QPoint(137, 90));
+    QTest::keyClick(&scene.view, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    scene.view.clearFocus(); // no caret that blinks meanwhile
+    QImage const zoomed = zenutest::picture(scene.view);
+    QTest::mouseMove(&scene.view, QPoint(20, 20));
+    QVERIFY(zenutest::wrongPixels(zenutest::picture(scene.view), zoomed) > 0);
+    QTest::mouseMove(&scene.view, QPoint(137, 90));
+    QCOMPARE(zenutest::wrongPixels(zenutest::picture(scene.view), zoomed), 0);
 }
 
 void tst_WaveformView::escape_showsAll()

@@ -134,6 +134,7 @@ void KSpriteLayer::PrivateData::fillOldScene()
     if (!shown)
         return;
     m_old.band = band;
+    m_old.band.rect = withinReach(band.rect);
     for (Leftover & left : m_leftovers)
         m_old.add(left.rect, &left.background, nullptr);
     for (Sprite * const sprite : m_stack) {
@@ -148,6 +149,7 @@ void KSpriteLayer::PrivateData::fillNextScene()
     if (!wantShown)
         return;
     m_next.band = nextBand;
+    m_next.band.rect = withinReach(nextBand.rect);
     for (Sprite * const sprite : m_stack) {
         if (sprite->wantShown && !sprite->geometry.isEmpty()) {
             m_next.add(sprite->geometry,
@@ -193,8 +195,8 @@ KSpriteLayer::PrivateData::changes(QRegion const & clobbered) const
         found.all.push_back(left.rect);
     }
     found.rects.insert(found.rects.end(), clobbered.begin(), clobbered.end());
-    QRect const before = shown ? band.rect : QRect();
-    QRect const after = wantShown ? nextBand.rect : QRect();
+    QRect const before = shown ? withinReach(band.rect) : QRect();
+    QRect const after = wantShown ? withinReach(nextBand.rect) : QRect();
     found.all.insert(found.all.end(), clobbered.begin(), clobbered.end());
     found.all.push_back(before);
     found.all.push_back(after);

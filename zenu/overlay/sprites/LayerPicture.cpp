@@ -19,6 +19,46 @@ namespace {
 // Of a picture that knows no XOR, such as a file of drawing commands.
 constexpr int bandAlpha = 96;
 
+struct OpenedWidget : QWidget
+{
+    using QWidget::sharedPainter;
+};
+
+// Without what was asked of it by translate, scale, setWindow and the like.
+QTransform baseTransform(QPainter & painter)
+{
+    painter.save();
+    painter.setWorldMatrixEnabled(false);
+    painter.setViewTransformEnabled(false);
+    QTransform const base = painter.deviceTransform();
+    painter.restore();
+    return base;
+}
+
+// `QWidget::render` lends its painter to those of the widgets. It says that it is on the widget
+// even after the widget's own painter was closed, but its coordinates are those of the caller
+// again. The window tells that, or the base where the picture is as large as the widget.
+bool isLent(QPainter & painter, QWidget const & host, QPaintDevice const & device)
+{
+    if (painter.window() != host.rect())
+        return false;
+    if (QSize(device.width(), device.height()) != host.size())
+        return true;
+    qreal const ratio = device.devicePixelRatioF();
+    return baseTransform(painter) != QTransform::fromScale(ratio, ratio);
+}
+
+// The painter that the widget itself has open; null when there is none.
+QPainter * openPainter(QWidget const & host, QPaintDevice const & device)
+{
+    QPaintEngine const * const engine = device.paintingActive() ? device.paintEngine() : nullptr;
+    QPainter * const painter = engine ? engine->painter() : nullptr;
+    if (!painter || painter->device() != &host)
+        return nullptr;
+    bool const shared = painter == (host.*&OpenedWidget::sharedPainter)();
+    return !shared || isLent(*painter, host, device) ? painter : nullptr;
+}
+
 /// A painter on the widget, in its paint event: the one that the widget itself has open, which is
 /// given back as it was, or else one of our own.
 class PicturePainter
@@ -26,11 +66,9 @@ class PicturePainter
 public:
     PicturePainter(QWidget & host, QPaintDevice & device)
     {
-        QPaintEngine const * const engine =
-            device.paintingActive() ? device.paintEngine() : nullptr;
-        QPainter * const open = engine ? engine->painter() : nullptr;
-        m_painter = open && open->device() == &host ? open : &m_own;
-        if (m_painter == &m_own)
+        QPainter * const open = openPainter(host, device);
+        m_painter = open ? open : &m_own;
+        if (!open)
             m_own.begin(&host);
         if (!m_painter->isActive())
             return;

@@ -4,6 +4,7 @@
 #include "zenu/overlay/sprites/RegionUnion.h"
 
 #include <QMetaObject>
+#include <QWidget>
 
 #include <algorithm>
 
@@ -49,7 +50,7 @@ void KSpriteLayer::PrivateData::release(Sprite & sprite)
     if (std::erase(m_sprites, &sprite) == 0)
         return;
     std::erase(m_stack, &sprite);
-    if (shown && sprite.shown)
+    if (shown && sprite.shown && !sprite.shownGeometry.isEmpty())
         m_leftovers.push_back({sprite.shownGeometry, std::move(*sprite.savedBackground)});
 }
 
@@ -61,10 +62,11 @@ void KSpriteLayer::PrivateData::wantAll()
 }
 
 // Only what is being painted counts in a paint event, whatever larger rectangle the widget names.
-void KSpriteLayer::PrivateData::clobber(QRect const & r)
+void KSpriteLayer::PrivateData::clobber(QRect const & rect)
 {
-    if (!shown || r.isEmpty())
+    if (!shown || rect.isEmpty())
         return;
+    QRect const r = withinReach(rect);
     switch (surface.target()) {
     case WidgetSurface::Target::Screen:
         m_clobbered.push_back(r);
@@ -86,6 +88,8 @@ void KSpriteLayer::PrivateData::update()
     switch (surface.target()) {
     case WidgetSurface::Target::Redirected:
         drawPicture();
+        if (!m_leftovers.empty()) // of a sprite that died while the picture was taken
+            commitLater();
         return;
     case WidgetSurface::Target::Pass:
         repair();
@@ -158,7 +162,7 @@ void KSpriteLayer::PrivateData::redrawBlind(QRegion const & painted)
 // event changes nothing.
 void KSpriteLayer::PrivateData::drawPicture()
 {
-    QRegion const painted = unionOf(m_clobberedPicture);
+    QRegion const painted = unionOf(m_clobberedPicture) & surface.host()->rect();
     m_clobberedPicture.clear();
     if (!shown || painted.isEmpty())
         return;
@@ -193,9 +197,11 @@ bool KSpriteLayer::PrivateData::isUncommitted() const
         return std::any_of(m_sprites.begin(), m_sprites.end(), [](Sprite const * sprite) {
             return sprite->removed || sprite->wantShown != sprite->shown;
         });
+    qreal const ratio = surface.ratio();
     return !m_clobbered.empty() ||
-           std::any_of(m_sprites.begin(), m_sprites.end(),
-                       [](Sprite const * sprite) { return sprite->isUncommitted(); });
+           std::any_of(m_sprites.begin(), m_sprites.end(), [&](Sprite const * sprite) {
+               return sprite->isUncommitted() || wantsContents(*sprite, ratio);
+           });
 }
 
 } // namespace zenu

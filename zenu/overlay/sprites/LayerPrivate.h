@@ -34,7 +34,7 @@ public:
     /// The sprite dies. Its background stays until it is put back.
     void release(Sprite & sprite);
     void wantAll();
-    void clobber(QRect const & r);
+    void clobber(QRect const & rect);
     void update();
 
     WidgetSurface surface;

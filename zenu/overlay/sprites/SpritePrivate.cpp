@@ -35,6 +35,12 @@ int saturated(qint64 coordinate)
     return static_cast<int>(std::clamp(coordinate, -farAway, farAway));
 }
 
+QRect withinReach(QRect const & r)
+{
+    return QRect(QPoint(saturated(r.left()), saturated(r.top())),
+                 QPoint(saturated(r.right()), saturated(r.bottom())));
+}
+
 void KSprite::PrivateData::setGeometry(QPoint topLeft, QSize size)
 {
     geometry = QRect(QPoint(saturated(topLeft.x()), saturated(topLeft.y())),

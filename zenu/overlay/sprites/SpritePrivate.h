@@ -13,6 +13,9 @@ namespace zenu {
 /// A coordinate of a sprite: far enough within an int that edges and device pixels fit as well.
 int saturated(qint64 coordinate);
 
+/// A rectangle with such edges: its width and height fit an int, too.
+QRect withinReach(QRect const & r);
+
 /// The committed and the target state of one sprite.
 struct KSprite::PrivateData
 {
