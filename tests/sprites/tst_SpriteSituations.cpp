@@ -32,6 +32,7 @@ private Q_SLOTS:
     void secondLayer_removedBefore_neverShows();
 
     void band_widerThanAnInt_coversTheHost();
+    void clobberRect_afterTheEvent_spriteAndBandComeBack();
     void clobberRect_widerThanAnInt_isCutByTheHost();
     void hostScrolls_layerOffMeanwhile_paintsTheStripAlone();
     void seeThroughSibling_repainted_leavesNothing();
@@ -411,6 +412,29 @@ void tst_SpriteSituations::band_widerThanAnInt_coversTheHost()
     m_host->grab();
     hideAll();
     QCOMPARE(wrongPixels(picture(*m_window), m_empty), 0);
+}
+
+// The host has painted over a part of all, and says so later, outside of its paint event.
+void tst_SpriteSituations::clobberRect_afterTheEvent_spriteAndBandComeBack()
+{
+    m_layer->setSelForeground(Qt::white);
+    m_layer->setSelBackground(Qt::black);
+    m_layer->setSelection(bandRect);
+    m_layer->update();
+    QRect const painted(32, 48, 80, 32);
+    m_host->layer = nullptr;
+    m_host->changePicture(painted, 5);
+    m_host->repaint(painted);
+    m_layer->clobberRect(painted);
+    m_layer->update();
+    QImage const shown = picture(*m_window);
+    hideAll();
+    m_empty = picture(*m_window);
+    m_host->repaint();
+    QCOMPARE(wrongPixels(m_empty, picture(*m_window)), 0);
+    QImage expected = inverted(m_empty, {deviceRect(*m_host, bandRect)});
+    expected = filled(expected, *m_host, lowerRect, Qt::red);
+    QCOMPARE(wrongPixels(shown, filled(expected, *m_host, upperRect, Qt::blue)), 0);
 }
 
 void tst_SpriteSituations::clobberRect_widerThanAnInt_isCutByTheHost()
