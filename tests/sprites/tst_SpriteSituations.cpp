@@ -31,6 +31,8 @@ private Q_SLOTS:
     void secondLayer_takesTheSpritesOfADeadOne();
     void secondLayer_removedBefore_neverShows();
 
+    void band_underHoles_isNotSeen();
+    void band_widerThanAnInt_coversTheHost_data();
     void band_widerThanAnInt_coversTheHost();
     void clobberRect_afterTheEvent_spriteAndBandComeBack();
     void clobberRect_widerThanAnInt_isCutByTheHost();
@@ -393,13 +395,38 @@ void tst_SpriteSituations::secondLayer_removedBefore_neverShows()
     second.update();
 }
 
-void tst_SpriteSituations::band_widerThanAnInt_coversTheHost()
+// The band stays out of the rectangles of sprites, also where they are transparent.
+void tst_SpriteSituations::band_underHoles_isNotSeen()
 {
+    m_upper->hide();
+    m_lower->look = TestSprite::Look::Holes;
+    m_lower->changeContents(lowerRect.size());
     m_layer->setSelForeground(Qt::white);
     m_layer->setSelBackground(Qt::black);
-    m_layer->setSelection(everywhere);
+    m_layer->setSelection(bandRect);
     m_layer->update();
-    QCOMPARE(m_layer->getSelection(), everywhere);
+    QRect const hole = deviceRect(*m_host, lowerRect.adjusted(6, 6, -6, -6));
+    QCOMPARE(wrongPixels(picture(*m_window).copy(hole), m_empty.copy(hole)), 0);
+    m_host->repaint();
+    QCOMPARE(wrongPixels(picture(*m_window).copy(hole), m_empty.copy(hole)), 0);
+}
+
+void tst_SpriteSituations::band_widerThanAnInt_coversTheHost_data()
+{
+    QTest::addColumn<QRect>("band");
+    QTest::newRow("all that an int can hold") << everywhere;
+    constexpr int far = most / 4 * 3;
+    QTest::newRow("wide enough to seem negative") << QRect(QPoint(-far, -far), QPoint(far, far));
+}
+
+void tst_SpriteSituations::band_widerThanAnInt_coversTheHost()
+{
+    QFETCH(QRect, band);
+    m_layer->setSelForeground(Qt::white);
+    m_layer->setSelBackground(Qt::black);
+    m_layer->setSelection(band);
+    m_layer->update();
+    QCOMPARE(m_layer->getSelection(), band);
     QImage expected = inverted(m_empty, {deviceRect(*m_host, m_host->rect())});
     expected = filled(expected, *m_host, lowerRect, Qt::red);
     QCOMPARE(wrongPixels(picture(*m_window), filled(expected, *m_host, upperRect, Qt::blue)), 0);
