@@ -23,8 +23,7 @@ PageList::PageList(std::function<void(Page const &)> choose)
     for (PageGroup const & group : pageGroups()) {
         addGroup(group);
     }
-    SetColumnWidth(m_column, BestFit(m_column) + 2 * GetDefaultHeight());
-    setMinimumWidth(GetColumnWidth(m_column));
+    setMinimumWidth(BestFit(m_column) + 2 * GetDefaultHeight());
 }
 
 bool PageList::select(QString const & name)
@@ -43,7 +42,7 @@ bool PageList::select(QString const & name)
 
 QSize PageList::sizeHint() const
 {
-    return QSize(GetColumnWidth(m_column) + 20, 600);
+    return QSize(minimumWidth(), 600);
 }
 
 // Titles of groups have no page: the one before stays.
@@ -55,6 +54,12 @@ void PageList::OnSelectionChanged()
         m_chosen = m_pages[place - 1];
         m_choose(*m_chosen);
     }
+}
+
+void PageList::resizeEvent(QResizeEvent * event)
+{
+    KGridCtrl::resizeEvent(event);
+    SetColumnWidth(m_column, getClientRect().width());
 }
 
 void PageList::addGroup(PageGroup const & group)

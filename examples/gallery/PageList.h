@@ -25,6 +25,8 @@ public:
 
 protected:
     void OnSelectionChanged() override;
+    // The column is as wide as the list.
+    void resizeEvent(QResizeEvent * event) override;
 
 private:
     void addGroup(PageGroup const & group);

@@ -120,11 +120,15 @@ QPixmap pictureOf(Page const & page)
 {
     PageView view(page);
     view.resize(pictureWidth, 700);
+    view.setFocusPolicy(Qt::StrongFocus);
+    view.setFocus(); // so that no field shows a cursor
     view.show();
     view.activateWindow();
     QApplication::processEvents();
-    view.showAll(QSize());
-    QApplication::processEvents();
+    for (int pass = 0; pass < 2; ++pass) { // the sizes of texts that wrap follow the width
+        view.showAll(QSize());
+        QApplication::processEvents();
+    }
     view.pose();
     QApplication::processEvents();
     makeRoom(view);

@@ -35,7 +35,7 @@ public:
 private:
     void tell(int button, char const * signal)
     {
-        m_told.setText(QStringLiteral("Button %1: %2").arg(button).arg(QLatin1String(signal)));
+        m_told.setText(QStringLiteral("Button %1: %2").arg(button + 1).arg(QLatin1String(signal)));
     }
 
     QGridLayout m_layout;

@@ -30,7 +30,7 @@ class Vocabulary : public QWidget
                                 int(zenu::ItemButtonFlat)}) {
             QRect face(x, 65, 110, 26);
             painter.drawItemButton(&face, state);
-            painter.drawText(face, Qt::AlignVCenter, QStringLiteral("Button %1").arg(state));
+            painter.drawText(face, Qt::AlignCenter, QString::number(state));
             x += 120;
         }
         {

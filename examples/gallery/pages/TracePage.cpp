@@ -50,7 +50,7 @@ public:
         button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         connect(button, &QPushButton::clicked, this, [this] { trace(); });
         m_list.setReadOnly(true);
-        m_list.setMinimumHeight(80);
+        m_list.setFixedHeight(100);
         auto * const layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(button);

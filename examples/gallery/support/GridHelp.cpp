@@ -13,6 +13,7 @@ namespace gallery {
 namespace {
 
 constexpr int titleMargin = 24; // on both sides together
+constexpr int textMargin = 8;
 
 int titleWidth(zenu::KGridCtrl const & grid, zenu::tag_HCOLUMN * column)
 {
@@ -33,7 +34,8 @@ void fitColumns(zenu::KGridCtrl & grid)
     std::vector<zenu::tag_HCOLUMN *> columns(std::size_t(grid.GetColumnsCount()));
     grid.GetColumnOrderArray(columns.data(), int(columns.size()));
     for (zenu::tag_HCOLUMN * const column : columns) {
-        grid.SetColumnWidth(column, std::max(grid.BestFit(column), titleWidth(grid, column)));
+        grid.SetColumnWidth(column,
+                            std::max(grid.BestFit(column) + textMargin, titleWidth(grid, column)));
     }
 }
 
