@@ -74,6 +74,7 @@ private Q_SLOTS:
     void typedPeriod_belowTheMinimalPeriod_isInvalid();
     void mark_ofTheFrequency_swallowsTheNextChangeOnce();
     void resize_invalidNumbers_areWrittenAsKept();
+    void texts_writtenByTheForm_showTheirStart();
 };
 
 void tst_KClockWidget::fresh_hasItsDefaults()
@@ -547,6 +548,23 @@ void tst_KClockWidget::resize_invalidNumbers_areWrittenAsKept()
     QCOMPARE(scene.clock.getOffset(), -1.0);
     QCOMPARE(scene.clock.getPeriod(), -1.0);
     QCOMPARE(scene.clock.getFrequency(), -1.0);
+}
+
+void tst_KClockWidget::texts_writtenByTheForm_showTheirStart()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.period->setFocus();
+    scene.clock.setOffset(9.999e9);
+    QCOMPARE(scene.offset->cursorPosition(), 0);
+    Scene::type(scene.period, QStringLiteral("7 us"));
+    QCOMPARE(scene.frequency->text(), QStringLiteral("142.857143kHz"));
+    QCOMPARE(scene.frequency->cursorPosition(), 0);
+    QCOMPARE(scene.period->cursorPosition(), 4); // where the user is
+    scene.clock.setPeriod(8e9);
+    scene.period->setCursorPosition(2);
+    scene.clock.resize(530, 250); // writes the same
+    QCOMPARE(scene.period->cursorPosition(), 2);
 }
 
 ZENU_TEST(tst_KClockWidget)

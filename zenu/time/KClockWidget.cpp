@@ -45,6 +45,18 @@ TimeValue timeOf(QLineEdit const & edit)
     return TimeValue(qstring2chars(edit.text()), 1.0);
 }
 
+// From its start: the first digits of a text that is too long for the edit are the ones to see.
+void write(QLineEdit & edit, QString const & text)
+{
+    if (edit.text() == text) {
+        return; // which would say nothing, and move the cursor
+    }
+    edit.setText(text);
+    if (!edit.hasFocus()) {
+        edit.setCursorPosition(0);
+    }
+}
+
 void setBackground(QWidget & widget, QColor const & color)
 {
     QPalette palette = widget.palette();
@@ -151,8 +163,8 @@ void KClockWidget::PrivateData::placeParts()
 void KClockWidget::PrivateData::layOut()
 {
     placeParts();
-    offsetEdit->setText(timeText(offset));
-    periodEdit->setText(timeText(period));
+    write(*offsetEdit, timeText(offset));
+    write(*periodEdit, timeText(period));
 }
 
 KClockWidget::KClockWidget(QWidget * parent, char const * name)
@@ -169,8 +181,8 @@ KClockWidget::KClockWidget(QWidget * parent, char const * name)
     connect(m_data->lowButton, &KValueButton::clicked, this, &KClockWidget::buttonLowClicked);
     KClockWidget::setBackgroundColor(
         m_data->periodEdit->palette().color(m_data->periodEdit->backgroundRole()));
-    m_data->offsetEdit->setText(timeText(m_data->offset));
-    m_data->periodEdit->setText(timeText(m_data->period));
+    write(*m_data->offsetEdit, timeText(m_data->offset));
+    write(*m_data->periodEdit, timeText(m_data->period));
     m_data->highButton->setChecked(false);
     m_data->lowButton->setChecked(true);
 }
@@ -187,9 +199,9 @@ void KClockWidget::setOffset(double offset)
 {
     if (isTime(offset, 0)) {
         m_data->offset = static_cast<long long>(offset);
-        m_data->offsetEdit->setText(timeText(m_data->offset));
+        write(*m_data->offsetEdit, timeText(m_data->offset));
     } else {
-        m_data->offsetEdit->setText(QLatin1String(invalidText));
+        write(*m_data->offsetEdit, QLatin1String(invalidText));
         m_data->offset = -1;
     }
     update();
@@ -204,12 +216,12 @@ void KClockWidget::setPeriod(double period)
 {
     if (isTime(period, m_data->minimalPeriod)) {
         m_data->period = static_cast<long long>(period);
-        m_data->periodEdit->setText(timeText(m_data->period));
+        write(*m_data->periodEdit, timeText(m_data->period));
     } else {
         m_data->frequency = -1;
         m_data->period = -1;
         m_data->ignorePeriodChange = true;
-        m_data->periodEdit->setText(QLatin1String(invalidText));
+        write(*m_data->periodEdit, QLatin1String(invalidText));
     }
     update();
 }
@@ -223,12 +235,12 @@ void KClockWidget::setFrequency(double frequency)
 {
     if (isFrequency(frequency)) {
         m_data->frequency = frequency;
-        m_data->frequencyEdit->setText(QString::fromStdString(Frequency::Double2String(frequency)));
+        write(*m_data->frequencyEdit, QString::fromStdString(Frequency::Double2String(frequency)));
     } else {
         m_data->frequency = -1;
         m_data->period = -1;
         m_data->ignoreFrequencyChange = true;
-        m_data->frequencyEdit->setText(QLatin1String(invalidText));
+        write(*m_data->frequencyEdit, QLatin1String(invalidText));
     }
     update();
 }
@@ -307,7 +319,7 @@ void KClockWidget::changedPeriod(QString const &)
         m_data->frequency = -1;
         m_data->period = -1;
         m_data->ignoreFrequencyChange = true;
-        m_data->frequencyEdit->setText(QLatin1String(invalidText));
+        write(*m_data->frequencyEdit, QLatin1String(invalidText));
         return;
     }
     m_data->period = typed.internal();
@@ -331,7 +343,7 @@ void KClockWidget::changedFrequency(QString const &)
         m_data->frequency = -1;
         m_data->period = -1;
         m_data->ignorePeriodChange = true;
-        m_data->periodEdit->setText(QLatin1String(invalidText));
+        write(*m_data->periodEdit, QLatin1String(invalidText));
         return;
     }
     m_data->frequency = typed;
