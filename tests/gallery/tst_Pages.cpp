@@ -25,9 +25,10 @@ std::size_t countPages()
 // A few pixels tell a drawn page from an empty one.
 int differentColors(QImage const & image)
 {
+    constexpr int step = 7;
     QSet<QRgb> colors;
-    for (int y = 0; y < image.height(); y += 3) {
-        for (int x = 0; x < image.width(); x += 3) {
+    for (int y = 0; y < image.height(); y += step) {
+        for (int x = 0; x < image.width(); x += step) {
             colors += image.pixel(x, y);
         }
     }

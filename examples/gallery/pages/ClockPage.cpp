@@ -11,7 +11,7 @@ QWidget * makeClock()
     // [code]
     auto * const clock = new zenu::KClockWidget;
     clock->setPeriod(8e6); // femtoseconds, so that the frequency becomes 125 MHz
-    clock->setOffset(2e6);
+    clock->setOffset(2e5);
     clock->setFillingWith1(30); // percent
     clock->setHighStartValue(true);
     // [code]
