@@ -28,6 +28,10 @@ endfunction()
 
 zenu_ratio_tests(surface)
 zenu_ratio_tests(sprites)
+# A window that goes to a screen of another ratio.
+add_test(NAME sprites_two_screens COMMAND tests_sprites -class tst_SpritePaintEvents)
+set_tests_properties(sprites_two_screens PROPERTIES TIMEOUT 600 ENVIRONMENT
+    "${zenu_test_environment};QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/sprites/two-screens.json;QT_SCREEN_SCALE_FACTORS=fine=2")
 # An editor that lies still over a grid that scrolls; with a display server the focus really moves.
 zenu_ratio_tests(grid_editing)
 zenu_ratio_tests(grid_drag)

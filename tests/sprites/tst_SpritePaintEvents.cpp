@@ -5,6 +5,8 @@
 #include <QtGui/QPicture>
 #include <QtWidgets/QGraphicsOpacityEffect>
 
+#include <algorithm>
+
 using namespace zenu;
 using namespace zenutest;
 
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void render_withThePainterOfTheHostOpen_showsTheSprites();
     void render_recorded_playsTheSprites();
     void graphicsEffect_spritesAreShownByRepainting();
+    void screenOfAnotherRatio_picturesAreDrawnAnew();
 
 private:
     QImage expectedPicture() const;
@@ -505,6 +508,35 @@ void tst_SpritePaintEvents::graphicsEffect_spritesAreShownByRepainting()
     QPoint const there = deviceRect(*m_host, m_upper->geometry()).center();
     QColor const seen = picture(*m_window).pixelColor(there);
     QVERIFY(seen.blue() > 200 && seen.red() < 50 && seen.green() < 50);
+}
+
+// The test sprites_two_screens has such a screen.
+void tst_SpritePaintEvents::screenOfAnotherRatio_picturesAreDrawnAnew()
+{
+    auto const screens = QGuiApplication::screens();
+    auto const other = std::find_if(screens.begin(), screens.end(), [&](QScreen const * screen) {
+        return screen->devicePixelRatio() != ratioOf(*m_host);
+    });
+    if (other == screens.end())
+        QSKIP("All screens have the same ratio");
+    qreal const ratio = (*other)->devicePixelRatio();
+    m_window->setScreen(*other);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    settle(*m_window);
+    QCOMPARE(ratioOf(*m_host), ratio);
+    QCOMPARE(m_lower->draws, 2);
+    QCOMPARE(m_lower->bufferSize, lowerRect.size() * ratio);
+    QImage const shown = picture(*m_window);
+    m_lower->hide();
+    m_upper->hide();
+    m_layer->setSelection(QRect());
+    m_layer->update();
+    m_empty = picture(*m_window);
+    QCOMPARE(m_empty.size(), m_window->size() * ratio);
+    QCOMPARE(wrongPixels(shown, expectedPicture()), 0);
+    m_host->repaint();
+    QCOMPARE(wrongPixels(m_empty, picture(*m_window)), 0);
 }
 
 ZENU_TEST(tst_SpritePaintEvents)

@@ -23,13 +23,16 @@ struct Scene
         view.activateWindow();
         return shown && QTest::qWaitForWindowActive(&view);
     }
+    void move(QPointF const & place, Qt::MouseButtons buttons = Qt::NoButton)
+    {
+        QMouseEvent event(QEvent::MouseMove, place, view.mapToGlobal(place), Qt::NoButton, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &event);
+    }
     void drag(int from, int to)
     {
         QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(from, 50));
-        QPointF const place(to, 60);
-        QMouseEvent move(QEvent::MouseMove, place, view.mapToGlobal(place), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &move);
+        move(QPointF(to, 60), Qt::LeftButton);
         QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(to, 60));
     }
 
@@ -118,14 +121,16 @@ void tst_WaveformView::zoom_underAMouseAtRest_renewsTheTip()
     Scene scene;
     QVERIFY(scene.show());
     scene.drag(100, 300);
-    QTest::mouseMove(&scene.view, QPoint(137, 90));
+    scene.move(QPointF(137, 90));
+    int const paints = scene.view.paints();
     QTest::keyClick(&scene.view, Qt::Key_Return);
-    QCoreApplication::processEvents();
+    QTRY_COMPARE(scene.view.paints(), paints + 1);
+    zenutest::settle(scene.view);
     scene.view.clearFocus(); // no caret that blinks meanwhile
     QImage const zoomed = zenutest::picture(scene.view);
-    QTest::mouseMove(&scene.view, QPoint(20, 20));
+    scene.move(QPointF(20, 20));
     QVERIFY(zenutest::wrongPixels(zenutest::picture(scene.view), zoomed) > 0);
-    QTest::mouseMove(&scene.view, QPoint(137, 90));
+    scene.move(QPointF(137, 90));
     QCOMPARE(zenutest::wrongPixels(zenutest::picture(scene.view), zoomed), 0);
 }
 
