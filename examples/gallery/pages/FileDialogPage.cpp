@@ -66,6 +66,7 @@ class OpenerPage : public Opener, public PictureScene
 {
     void pose() override
     {
+        m_dialog.setSidebarUrls({}); // which would name the user
         auto const * const list = m_dialog.findChild<QListView *>(QStringLiteral("listView"));
         QDeadlineTimer const patience(2000);
         while (list->model()->rowCount(list->rootIndex()) == 0 && !patience.hasExpired()) {
