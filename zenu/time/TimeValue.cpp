@@ -58,8 +58,8 @@ void stripZeros(std::string & text, std::size_t numberStart, int decimals)
         return;
     }
     // Counted from the start of the text, so that hours and minutes in front shift the scan into
-    // them: 1 hr 30 min 12.5000 becomes "1 hr 3 sec". Meant, since compound texts were always so and
-    // are compared with older ones. Counting from the number's start would change them.
+    // them: 1 hr 30 min 12.5000 becomes "1 hr 3 sec". Meant, since compound texts were always so
+    // and are compared with older ones. Counting from the number's start would change them.
     for (std::size_t place = length - 1; place > 0; --place) {
         char const c = text[place];
         if (c == '0' || c == '.') {
