@@ -255,14 +255,16 @@ void tst_KSpriteLayer::drawInBuffer_getsTheWidgetsOwnPixels()
 // A sprite that blends with its background must move or change its contents.
 void tst_KSpriteLayer::drawInBuffer_shownAgainWithoutAMove_getsTheOtherBuffer()
 {
-    QRect const first(40, 40, 32, 32);
-    TestSprite sprite(m_layer.get(), first);
+    QRect const second(96, 64, 32, 32);
+    TestSprite sprite(m_layer.get(), QRect(40, 40, 32, 32));
     m_layer->update();
-    sprite.moveTo(QPoint(96, 64));
-    m_layer->update();
+    for (QPoint const place : {second.topLeft(), QPoint(144, 16)}) {
+        sprite.moveTo(place);
+        m_layer->update();
+    }
     sprite.show();
     m_layer->update();
-    QRect const device = deviceRect(*m_host, first);
+    QRect const device = deviceRect(*m_host, second);
     QCOMPARE(wrongPixels(sprite.below.copy(QRect(QPoint(), device.size())), m_empty.copy(device)),
              0);
 }

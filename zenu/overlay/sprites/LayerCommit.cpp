@@ -18,6 +18,10 @@ constexpr double partWork = 8000;
 // From this many rectangles on, one that bounds them all is announced instead.
 constexpr size_t manyRectangles = 128;
 
+// From this many sprites on, the memory of all buffers matters more than what a sprite may find in
+// its other one.
+constexpr size_t manySprites = 256;
+
 double areaOf(QRect const & r)
 {
     return r.isEmpty() ? 0 : static_cast<double>(r.width()) * r.height();
@@ -241,8 +245,9 @@ void KSpriteLayer::PrivateData::compose()
         if (!sprite->moved)
             continue;
         // All old backgrounds are back on the screen. To read into the one that was just used keeps
-        // half as much memory warm.
-        if (worked.everything)
+        // half as much memory warm; a picture that is drawn anew without a move then finds an older
+        // one than that of the place before.
+        if (worked.everything && m_stack.size() >= manySprites)
             std::swap(sprite->savedBackground, sprite->nextBackground);
         sprite->nextBackground->ensureSize(sprite->geometry.size(), surface.ratio(),
                                            surface.format());
