@@ -100,3 +100,12 @@ if(TARGET tests_gallery)
     set_tests_properties(gallery_2 PROPERTIES
         ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=2" TIMEOUT 600)
 endif()
+
+# The tests on a display server wait for each other, so they begin first and run beside the rest.
+get_property(all_tests DIRECTORY PROPERTY TESTS)
+foreach(test IN LISTS all_tests)
+    get_test_property(${test} RESOURCE_LOCK lock)
+    if("${lock}" STREQUAL "display_server")
+        set_tests_properties(${test} PROPERTIES COST 1000)
+    endif()
+endforeach()
