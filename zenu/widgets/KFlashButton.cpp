@@ -1,6 +1,7 @@
 #include "zenu/widgets/KFlashButton.h"
 
 #include "zenu/overlay/KPainter.h"
+#include "zenu/widgets/inner/FlashColors.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -8,9 +9,6 @@
 namespace zenu {
 
 namespace {
-
-constexpr int baseColor = 10; // system colours
-constexpr int highlightColor = 6;
 
 enum class State
 {
@@ -26,8 +24,7 @@ struct KFlashButton::PrivateData
     QPixmap pixmap;
     QSize size; // of the pixmap, in logical pixels
     State state = State::Idle;
-    QColor inactiveColor = KPainter::getSysColor(baseColor);
-    QColor activeColor = KPainter::getSysColor(highlightColor);
+    FlashColors colors = {};
 };
 
 KFlashButton::KFlashButton(QPixmap const & pixmap, QWidget * parent, char const * name,
@@ -44,22 +41,22 @@ KFlashButton::~KFlashButton() = default;
 
 void KFlashButton::setActiveColor(QColor const & color)
 {
-    m_data->activeColor = color;
+    m_data->colors.active = color;
 }
 
 QColor KFlashButton::activeColor()
 {
-    return m_data->activeColor;
+    return m_data->colors.active;
 }
 
 void KFlashButton::setInactiveColor(QColor const & color)
 {
-    m_data->inactiveColor = color;
+    m_data->colors.inactive = color;
 }
 
 QColor KFlashButton::inactiveColor()
 {
-    return m_data->inactiveColor;
+    return m_data->colors.inactive;
 }
 
 QSize KFlashButton::sizeHint() const
@@ -115,7 +112,7 @@ void KFlashButton::paintEvent(QPaintEvent *)
     KPainter painter(this);
     bool const active = m_data->state == State::Hilited;
     painter.fastRectangle(x, y, m_data->size.width(), m_data->size.height(),
-                          active ? m_data->activeColor : m_data->inactiveColor);
+                          active ? m_data->colors.active : m_data->colors.inactive);
     painter.drawPixmap(x, y, m_data->pixmap);
 }
 

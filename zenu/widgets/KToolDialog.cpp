@@ -1,7 +1,7 @@
 #include "zenu/widgets/KToolDialog.h"
 
-#include "zenu/overlay/KPainter.h"
 #include "zenu/widgets/KFlashButton.h"
+#include "zenu/widgets/inner/FlashColors.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -15,8 +15,6 @@ namespace zenu {
 
 namespace {
 
-constexpr int baseColor = 10; // system colours
-constexpr int highlightColor = 6;
 constexpr int panelWidth = 2;       // pixels
 constexpr int buttonSpacing = 5;    // pixels
 constexpr int descriptionSpace = 5; // pixels between the pictures and the line
@@ -37,8 +35,7 @@ struct KToolDialog::PrivateData
     QLabel * description;
     QSignalMapper * mapper;
     QString noActionText;
-    QColor inactiveColor = KPainter::getSysColor(baseColor);
-    QColor activeColor = KPainter::getSysColor(highlightColor);
+    FlashColors colors;
 };
 
 KToolDialog::KToolDialog(int margin)
@@ -73,8 +70,8 @@ void KToolDialog::addTool(QAction * action)
     QPixmap const picture =
         action->icon().pixmap(pictureSize, devicePixelRatioF(), QIcon::Normal, QIcon::Off);
     auto * const button = new KFlashButton(picture, this);
-    button->setActiveColor(m_data->activeColor);
-    button->setInactiveColor(m_data->inactiveColor);
+    button->setActiveColor(m_data->colors.active);
+    button->setInactiveColor(m_data->colors.inactive);
     m_data->toolRow->addWidget(button);
     connect(button, &KFlashButton::clicked, action,
             [action] { Q_EMIT action->triggered(action->isChecked()); });
@@ -100,22 +97,22 @@ void KToolDialog::setButtonSpacing(int spacing)
 
 void KToolDialog::setActiveColor(QColor const & color)
 {
-    m_data->activeColor = color;
+    m_data->colors.active = color;
 }
 
 QColor KToolDialog::activeColor()
 {
-    return m_data->activeColor;
+    return m_data->colors.active;
 }
 
 void KToolDialog::setInactiveColor(QColor const & color)
 {
-    m_data->inactiveColor = color;
+    m_data->colors.inactive = color;
 }
 
 QColor KToolDialog::inactiveColor()
 {
-    return m_data->inactiveColor;
+    return m_data->colors.inactive;
 }
 
 QObject * KToolDialog::qObject()
