@@ -1,14 +1,7 @@
 #include "tests/support/TestMain.h"
+#include "tests/time/TypingScene.h"
 
 #include <zenu/time/KSpinBoxWrapper.h>
-
-#include <QLineEdit>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QStyleOptionSpinBox>
-#include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <memory>
 
@@ -16,50 +9,17 @@ using namespace zenu;
 
 namespace {
 
-struct Scene
+struct Scene : zenutest::TypingScene<QSpinBox>
 {
     explicit Scene(char const * regexp = "[a-z0-9]*")
-        : box(new QSpinBox(&window))
-        , other(new QLineEdit(&window))
-        , wrapper(std::make_unique<KSpinBoxWrapper>(*box, regexp, &window))
+        : wrapper(std::make_unique<KSpinBoxWrapper>(*box, regexp, &window))
         , ups(wrapper.get(), &KSpinBoxWrapper::up)
         , downs(wrapper.get(), &KSpinBoxWrapper::down)
     {
-        auto * const layout = new QVBoxLayout(&window);
-        layout->addWidget(box);
-        layout->addWidget(other);
-    }
-    bool show()
-    {
-        window.show();
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window)) {
-            return false;
-        }
-        box->setFocus();
-        return box->hasFocus();
-    }
-    QLineEdit * editor() { return box->findChild<QLineEdit *>(); }
-    QString text() { return editor()->text(); }
-    void type(QString const & text)
-    {
-        editor()->selectAll();
-        QTest::keyClicks(box, text);
-    }
-    QPoint arrow(QStyle::SubControl control) const
-    {
-        QStyleOptionSpinBox option;
-        option.initFrom(box);
-        option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
-        option.frame = true;
-        return box->style()->subControlRect(QStyle::CC_SpinBox, &option, control, box).center();
     }
     // Ups and downs so far.
     QString steps() { return QStringLiteral("%1 %2").arg(ups.count()).arg(downs.count()); }
 
-    QWidget window;
-    QSpinBox * box;
-    QLineEdit * other;
     std::unique_ptr<KSpinBoxWrapper> wrapper;
     QSignalSpy ups;
     QSignalSpy downs;
@@ -230,15 +190,7 @@ void tst_KSpinBoxWrapper::typedOneOrZero_isTextAndNoStep()
 
 void tst_KSpinBoxWrapper::steps_byEveryMeans_areReportedOnce_data()
 {
-    QTest::addColumn<QString>("means");
-    QTest::addColumn<bool>("isUp");
-    for (bool const isUp : {true, false}) {
-        for (char const * means : {"key", "page key", "Ctrl+key", "wheel", "fast wheel",
-                                   "Ctrl+wheel", "arrow", "Ctrl+arrow", "stepBy"}) {
-            QTest::addRow("%s %s", means, isUp ? "up" : "down")
-                << QString::fromLatin1(means) << isUp;
-        }
-    }
+    zenutest::addSteps();
 }
 
 void tst_KSpinBoxWrapper::steps_byEveryMeans_areReportedOnce()
@@ -248,26 +200,7 @@ void tst_KSpinBoxWrapper::steps_byEveryMeans_areReportedOnce()
     Scene scene;
     scene.wrapper->setString("text");
     QVERIFY(scene.show());
-    Qt::KeyboardModifiers const modifiers =
-        means.startsWith(QLatin1String("Ctrl")) ? Qt::ControlModifier : Qt::NoModifier;
-    if (means == QLatin1String("stepBy")) {
-        scene.box->stepBy(isUp ? 1 : -1);
-    } else if (means.endsWith(QLatin1String("key"))) {
-        bool const page = means.startsWith(QLatin1String("page"));
-        Qt::Key const up = page ? Qt::Key_PageUp : Qt::Key_Up;
-        Qt::Key const down = page ? Qt::Key_PageDown : Qt::Key_Down;
-        QTest::keyClick(scene.box, isUp ? up : down, modifiers);
-    } else if (means.endsWith(QLatin1String("wheel"))) {
-        int const notches = means.startsWith(QLatin1String("fast")) ? 5 : 1;
-        QPointF const place = QRectF(scene.box->rect()).center();
-        QWheelEvent event(place, scene.box->mapToGlobal(place), {},
-                          QPoint(0, 120 * notches * (isUp ? 1 : -1)), Qt::NoButton, modifiers,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(scene.box, &event);
-    } else {
-        QPoint const arrow = scene.arrow(isUp ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown);
-        QTest::mouseClick(scene.box, Qt::LeftButton, modifiers, arrow);
-    }
+    scene.step(means, isUp);
     QCOMPARE(scene.steps(), isUp ? QStringLiteral("1 0") : QStringLiteral("0 1"));
     QCOMPARE(scene.box->value(), -1);
     QCOMPARE(scene.text(), QStringLiteral("text"));
@@ -388,10 +321,7 @@ void tst_KSpinBoxWrapper::readOnlyBox_reportsNothing()
     for (Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_Return}) {
         QTest::keyClick(scene.box, key);
     }
-    QPointF const place = QRectF(scene.box->rect()).center();
-    QWheelEvent event(place, scene.box->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(scene.box, &event);
+    scene.wheel(120);
     QCOMPARE(scene.steps(), QStringLiteral("0 0"));
     QCOMPARE(scene.text(), QStringLiteral("1"));
 }

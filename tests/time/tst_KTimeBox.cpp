@@ -1,9 +1,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/time/TimeBoxFixture.h"
 
-#include <QStyleOptionSpinBox>
-#include <QWheelEvent>
-
 #include <limits>
 
 using namespace zenu;
@@ -254,53 +251,21 @@ void tst_KTimeBox::step_refused_writesTheTextAnew()
 
 void tst_KTimeBox::steps_byEveryMeans_areOneUnit_data()
 {
-    QTest::addColumn<QString>("means");
-    QTest::addColumn<int>("direction");
-    for (char const * means :
-         {"Up", "PageUp", "Ctrl+Up", "wheel", "fast wheel", "arrow", "Ctrl+arrow"}) {
-        QTest::newRow(means) << QString::fromLatin1(means) << 1;
-    }
-    for (char const * means :
-         {"Down", "PageDown", "Ctrl+Down", "wheel", "fast wheel", "arrow", "Ctrl+arrow"}) {
-        QTest::addRow("%s down", means) << QString::fromLatin1(means) << -1;
-    }
+    zenutest::addSteps();
 }
 
 void tst_KTimeBox::steps_byEveryMeans_areOneUnit()
 {
     QFETCH(QString, means);
-    QFETCH(int, direction);
+    QFETCH(bool, isUp);
     Scene scene;
     scene.box->setValue(nanoseconds(40));
     scene.box->setUnit(TimeUnit::ns);
     QVERIFY(scene.show());
-    bool const withControl = means.startsWith(QLatin1String("Ctrl"));
-    Qt::KeyboardModifiers const modifiers = withControl ? Qt::ControlModifier : Qt::NoModifier;
-    if (means.endsWith(QLatin1String("wheel"))) {
-        int const notches = means == QLatin1String("wheel") ? 1 : 7;
-        QPointF const place = QRectF(scene.box->rect()).center();
-        QWheelEvent event(place, scene.box->mapToGlobal(place), {},
-                          QPoint(0, 120 * notches * direction), Qt::NoButton, modifiers,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(scene.box, &event);
-    } else if (means.endsWith(QLatin1String("arrow"))) {
-        QStyleOptionSpinBox option;
-        option.initFrom(scene.box);
-        option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
-        option.frame = true;
-        auto const control = direction > 0 ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
-        QPoint const place = scene.box->style()
-                                 ->subControlRect(QStyle::CC_SpinBox, &option, control, scene.box)
-                                 .center();
-        QTest::mouseClick(scene.box, Qt::LeftButton, modifiers, place);
-    } else {
-        Qt::Key const key = means.contains(QLatin1String("Page"))
-                                ? (direction > 0 ? Qt::Key_PageUp : Qt::Key_PageDown)
-                                : (direction > 0 ? Qt::Key_Up : Qt::Key_Down);
-        QTest::keyClick(scene.box, key, modifiers);
-    }
-    QCOMPARE(scene.box->getValue(), nanoseconds(40 + direction));
-    QCOMPARE(scene.text(), QStringLiteral("%1 ns").arg(40 + direction));
+    scene.step(means, isUp);
+    int const expected = isUp ? 41 : 39;
+    QCOMPARE(scene.box->getValue(), nanoseconds(expected));
+    QCOMPARE(scene.text(), QStringLiteral("%1 ns").arg(expected));
     QCOMPARE(scene.changes.count(), 1);
     QVERIFY(scene.baseIsQuiet());
 }

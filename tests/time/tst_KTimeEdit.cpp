@@ -1,53 +1,26 @@
 #include "tests/support/TestMain.h"
+#include "tests/time/Nanoseconds.h"
+#include "tests/time/TypingScene.h"
 
 #include <zenu/time/KTimeEdit.h>
 
 #include <QPointer>
-#include <QSignalSpy>
-#include <QVBoxLayout>
 
 using namespace zenu;
 
 namespace {
 
-constexpr double ps = 1000.0; // femtoseconds in a count, for a resolution of a picosecond
+using zenutest::nanoseconds;
 
-TimeValue nanoseconds(double value)
-{
-    return TimeValue(value, TimeUnit(TimeUnit::ns), ps);
-}
-
-struct Scene
+struct Scene : zenutest::TypingScene<KTimeEdit>
 {
     Scene()
-        : edit(new KTimeEdit(&window, "edit"))
-        , other(new QLineEdit(&window))
-        , changes(edit, &KTimeEdit::timeChanged)
+        : TypingScene("edit")
+        , changes(box, &KTimeEdit::timeChanged)
     {
-        auto * const layout = new QVBoxLayout(&window);
-        layout->addWidget(edit);
-        layout->addWidget(other);
     }
-    bool show()
-    {
-        window.show();
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window)) {
-            return false;
-        }
-        edit->setFocus();
-        return edit->hasFocus();
-    }
-    void type(QString const & text)
-    {
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-    void pressReturn() { QTest::keyClick(edit, Qt::Key_Return); }
+    void pressReturn() { QTest::keyClick(box, Qt::Key_Return); }
 
-    QWidget window;
-    KTimeEdit * edit;
-    QLineEdit * other;
     QSignalSpy changes;
 };
 
@@ -83,138 +56,138 @@ private Q_SLOTS:
 void tst_KTimeEdit::fresh_isInvalidEmptyAndInNanoseconds()
 {
     Scene scene;
-    QVERIFY(!scene.edit->getValue().valid());
-    QCOMPARE(scene.edit->getValue().multiplier(), 1.0);
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::ns);
-    QCOMPARE(scene.edit->alignment(), Qt::AlignRight);
-    QCOMPARE(scene.edit->text(), QString());
-    QCOMPARE(scene.edit->objectName(), QStringLiteral("edit"));
-    QCOMPARE(scene.edit->qObject(), static_cast<QObject *>(scene.edit));
+    QVERIFY(!scene.box->getValue().valid());
+    QCOMPARE(scene.box->getValue().multiplier(), 1.0);
+    QCOMPARE(scene.box->getUnit(), TimeUnit::ns);
+    QCOMPARE(scene.box->alignment(), Qt::AlignRight);
+    QCOMPARE(scene.text(), QString());
+    QCOMPARE(scene.box->objectName(), QStringLiteral("edit"));
+    QCOMPARE(scene.box->qObject(), static_cast<QObject *>(scene.box));
 }
 
 void tst_KTimeEdit::setValue_keepsTheUnitAndEmitsNothing()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(12345.5));
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::ns);
-    QCOMPARE(scene.edit->text(), QStringLiteral("12345.5 ns"));
-    QCOMPARE(scene.edit->getValue(), nanoseconds(12345.5));
-    scene.edit->setValue(TimeValue());
-    QCOMPARE(scene.edit->text(), QStringLiteral("<error>"));
+    scene.box->setValue(nanoseconds(12345.5));
+    QCOMPARE(scene.box->getUnit(), TimeUnit::ns);
+    QCOMPARE(scene.text(), QStringLiteral("12345.5 ns"));
+    QCOMPARE(scene.box->getValue(), nanoseconds(12345.5));
+    scene.box->setValue(TimeValue());
+    QCOMPARE(scene.text(), QStringLiteral("<error>"));
     QVERIFY(scene.changes.isEmpty());
 }
 
 void tst_KTimeEdit::setUnit_changesTheTextOnly()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(1500));
-    scene.edit->setUnit(TimeUnit::us);
-    QCOMPARE(scene.edit->text(), QStringLiteral("1.5 us"));
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::us);
-    QCOMPARE(scene.edit->getValue(), nanoseconds(1500));
+    scene.box->setValue(nanoseconds(1500));
+    scene.box->setUnit(TimeUnit::us);
+    QCOMPARE(scene.text(), QStringLiteral("1.5 us"));
+    QCOMPARE(scene.box->getUnit(), TimeUnit::us);
+    QCOMPARE(scene.box->getValue(), nanoseconds(1500));
     QVERIFY(scene.changes.isEmpty());
 }
 
 void tst_KTimeEdit::setUnit_finerThanTheResolution_isTheSmallestUnit()
 {
     Scene scene;
-    scene.edit->setValue(TimeValue(3LL, 1e6)); // nanoseconds
-    scene.edit->setUnit(TimeUnit::fs);
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::smallestUnit(1e6));
-    QCOMPARE(scene.edit->text(), QStringLiteral("3 ns"));
+    scene.box->setValue(TimeValue(3LL, 1e6)); // nanoseconds
+    scene.box->setUnit(TimeUnit::fs);
+    QCOMPARE(scene.box->getUnit(), TimeUnit::smallestUnit(1e6));
+    QCOMPARE(scene.text(), QStringLiteral("3 ns"));
 }
 
 void tst_KTimeEdit::setUnit_unknown_isTaken()
 {
     Scene scene;
-    scene.edit->setValue(TimeValue(3LL, 1.0));
-    scene.edit->setUnit(TimeUnit::unknown);
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::unknown);
-    QCOMPARE(scene.edit->text(), QStringLiteral("3 ?"));
+    scene.box->setValue(TimeValue(3LL, 1.0));
+    scene.box->setUnit(TimeUnit::unknown);
+    QCOMPARE(scene.box->getUnit(), TimeUnit::unknown);
+    QCOMPARE(scene.text(), QStringLiteral("3 ?"));
 }
 
 void tst_KTimeEdit::typedText_countsAtReturnAndIsWrittenAnew()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("1.50ms"));
     QVERIFY(scene.changes.isEmpty());
     scene.pressReturn();
-    QCOMPARE(scene.edit->text(), QStringLiteral("1.5 ms"));
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::ms);
-    QCOMPARE(scene.edit->getValue(), nanoseconds(1.5e6));
+    QCOMPARE(scene.text(), QStringLiteral("1.5 ms"));
+    QCOMPARE(scene.box->getUnit(), TimeUnit::ms);
+    QCOMPARE(scene.box->getValue(), nanoseconds(1.5e6));
     QCOMPARE(scene.changes.count(), 1);
 }
 
 void tst_KTimeEdit::typedText_countsWhenTheFocusLeaves()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("2 us 7 ns"));
     scene.other->setFocus();
-    QCOMPARE(scene.edit->getValue(), nanoseconds(2007));
-    QCOMPARE(scene.edit->text(), QStringLiteral("2.007 us"));
+    QCOMPARE(scene.box->getValue(), nanoseconds(2007));
+    QCOMPARE(scene.text(), QStringLiteral("2.007 us"));
     QCOMPARE(scene.changes.count(), 1);
 }
 
 void tst_KTimeEdit::return_unchangedText_emitsNothingAndRewrites()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.pressReturn();
     QVERIFY(scene.changes.isEmpty());
     scene.type(QStringLiteral("40.000ns"));
     scene.pressReturn();
     QVERIFY(scene.changes.isEmpty());
-    QCOMPARE(scene.edit->text(), QStringLiteral("40 ns"));
+    QCOMPARE(scene.text(), QStringLiteral("40 ns"));
 }
 
 void tst_KTimeEdit::typedText_bareNumber_comesBackAsZeroOfNoUnit()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("12"));
     scene.pressReturn();
-    QCOMPARE(scene.edit->text(), QStringLiteral("0 ?"));
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::unknown);
-    QCOMPARE(scene.edit->getValue(), nanoseconds(0));
+    QCOMPARE(scene.text(), QStringLiteral("0 ?"));
+    QCOMPARE(scene.box->getUnit(), TimeUnit::unknown);
+    QCOMPARE(scene.box->getValue(), nanoseconds(0));
     scene.type(QStringLiteral("3 ns")); // and there is a way out
     scene.pressReturn();
-    QCOMPARE(scene.edit->text(), QStringLiteral("3 ns"));
+    QCOMPARE(scene.text(), QStringLiteral("3 ns"));
 }
 
 void tst_KTimeEdit::typedText_tooLarge_keepsTheValueAndTheUnit()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("99999999999999999999 hr"));
     scene.pressReturn();
-    QCOMPARE(scene.edit->text(), QStringLiteral("40 ns"));
-    QCOMPARE(scene.edit->getValue(), nanoseconds(40));
+    QCOMPARE(scene.text(), QStringLiteral("40 ns"));
+    QCOMPARE(scene.box->getValue(), nanoseconds(40));
     QVERIFY(scene.changes.isEmpty());
 }
 
 void tst_KTimeEdit::typedText_sameTimeOtherUnit_takesTheUnitQuietly()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("0.04 us"));
     scene.pressReturn();
-    QCOMPARE(scene.edit->getUnit(), TimeUnit::us);
-    QCOMPARE(scene.edit->text(), QStringLiteral("0.04 us"));
+    QCOMPARE(scene.box->getUnit(), TimeUnit::us);
+    QCOMPARE(scene.text(), QStringLiteral("0.04 us"));
     QVERIFY(scene.changes.isEmpty());
 }
 
 void tst_KTimeEdit::defaultUnit_fs_isPsAfterwards()
 {
     Scene scene;
-    scene.edit->setValue(TimeValue(5LL, 1.0));
+    scene.box->setValue(TimeValue(5LL, 1.0));
     QVERIFY(scene.show());
     QCOMPARE(TimeUnit::defaultUnit(), TimeUnit::fs);
     scene.pressReturn();
@@ -225,7 +198,7 @@ void tst_KTimeEdit::defaultUnit_coarser_staysAsItWas()
 {
     TimeUnit::setDefaultUnit(TimeUnit::ms);
     Scene scene;
-    scene.edit->setValue(TimeValue(5LL, 1.0));
+    scene.box->setValue(TimeValue(5LL, 1.0));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("7 us"));
     scene.pressReturn();
@@ -235,38 +208,38 @@ void tst_KTimeEdit::defaultUnit_coarser_staysAsItWas()
 void tst_KTimeEdit::typing_refusedText_doesNotEnter()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(40));
+    scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
-    scene.edit->selectAll();
-    QTest::keyClick(scene.edit, Qt::Key_Delete);
-    QTest::keyClicks(scene.edit, QStringLiteral("-x5 MSec"));
-    QCOMPARE(scene.edit->text(), QStringLiteral("5 "));
-    scene.edit->setValue(TimeValue());
+    scene.box->selectAll();
+    QTest::keyClick(scene.box, Qt::Key_Delete);
+    QTest::keyClicks(scene.box, QStringLiteral("-x5 MSec"));
+    QCOMPARE(scene.text(), QStringLiteral("5 "));
+    scene.box->setValue(TimeValue());
     scene.type(QStringLiteral("x"));
-    QCOMPARE(scene.edit->text(), QStringLiteral("<error>"));
+    QCOMPARE(scene.text(), QStringLiteral("<error>"));
 }
 
 void tst_KTimeEdit::setSigned_signMayBeTyped()
 {
     Scene scene;
-    scene.edit->setSigned(true);
+    scene.box->setSigned(true);
     QVERIFY(scene.show());
     scene.type(QStringLiteral("-5 ns"));
     scene.pressReturn();
-    QCOMPARE(scene.edit->getValue(), TimeValue(-5.0, TimeUnit(TimeUnit::ns), 1.0));
-    scene.edit->setSigned(false);
+    QCOMPARE(scene.box->getValue(), TimeValue(-5.0, TimeUnit(TimeUnit::ns), 1.0));
+    scene.box->setSigned(false);
     scene.type(QStringLiteral("-"));
-    QCOMPARE(scene.edit->text(), QStringLiteral("-5 ns"));
+    QCOMPARE(scene.text(), QStringLiteral("-5 ns"));
 }
 
 void tst_KTimeEdit::edit_deletedInTimeChanged_isQuiet()
 {
     for (bool const leave : {false, true}) {
         Scene scene;
-        QPointer<KTimeEdit> const edit(scene.edit);
-        scene.edit->setValue(nanoseconds(40));
+        QPointer<KTimeEdit> const edit(scene.box);
+        scene.box->setValue(nanoseconds(40));
         QVERIFY(scene.show());
-        QObject::connect(scene.edit, &KTimeEdit::timeChanged, scene.edit, &QObject::deleteLater);
+        QObject::connect(scene.box, &KTimeEdit::timeChanged, scene.box, &QObject::deleteLater);
         scene.type(QStringLiteral("7 us"));
         if (leave) {
             scene.other->setFocus();
@@ -282,8 +255,8 @@ void tst_KTimeEdit::focusOut_freshEdit_isZeroOfNoUnit()
     Scene scene;
     QVERIFY(scene.show());
     scene.other->setFocus();
-    QCOMPARE(scene.edit->getValue(), TimeValue(0LL, 1.0));
-    QCOMPARE(scene.edit->text(), QStringLiteral("0 ?"));
+    QCOMPARE(scene.box->getValue(), TimeValue(0LL, 1.0));
+    QCOMPARE(scene.text(), QStringLiteral("0 ?"));
     QCOMPARE(scene.changes.count(), 1);
 }
 
@@ -291,19 +264,19 @@ void tst_KTimeEdit::focusOut_freshEdit_isZeroOfNoUnit()
 void tst_KTimeEdit::focusOut_toAMenu_keepsTheSelection()
 {
     Scene scene;
-    scene.edit->setValue(nanoseconds(12345));
+    scene.box->setValue(nanoseconds(12345));
     QVERIFY(scene.show());
-    scene.edit->setSelection(0, 5);
+    scene.box->setSelection(0, 5);
     QFocusEvent leave(QEvent::FocusOut, Qt::PopupFocusReason);
-    QCoreApplication::sendEvent(scene.edit, &leave);
-    QCOMPARE(scene.edit->selectedText(), QStringLiteral("12345"));
+    QCoreApplication::sendEvent(scene.box, &leave);
+    QCOMPARE(scene.box->selectedText(), QStringLiteral("12345"));
     QVERIFY(scene.changes.isEmpty());
 }
 
 void tst_KTimeEdit::defaultUnit_coarseResolution_isRaisedToIt()
 {
     Scene scene;
-    scene.edit->setValue(TimeValue(5LL, 1e9)); // microseconds
+    scene.box->setValue(TimeValue(5LL, 1e9)); // microseconds
     QVERIFY(scene.show());
     scene.pressReturn();
     QCOMPARE(TimeUnit::defaultUnit(), TimeUnit::us);

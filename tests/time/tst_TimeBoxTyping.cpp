@@ -2,7 +2,6 @@
 #include "tests/time/TimeBoxFixture.h"
 
 #include <QPointer>
-#include <QWheelEvent>
 
 using namespace zenu;
 
@@ -321,12 +320,8 @@ void tst_TimeBoxTyping::typedText_partOfANotch_staysTyped()
     scene.box->setValue(nanoseconds(40));
     QVERIFY(scene.show());
     scene.type(QStringLiteral("3 us"));
-    QPointF const place = QRectF(scene.box->rect()).center();
-    for (int eighths : {60, -30}) {
-        QWheelEvent event(place, scene.box->mapToGlobal(place), {}, QPoint(0, eighths),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(scene.box, &event);
-    }
+    scene.wheel(60);
+    scene.wheel(-30);
     QCOMPARE(scene.text(), QStringLiteral("3 us"));
     QVERIFY(scene.changes.isEmpty());
 }
