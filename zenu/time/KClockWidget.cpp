@@ -3,8 +3,8 @@
 #include "zenu/overlay/NarrowText.h"
 #include "zenu/time/Frequency.h"
 #include "zenu/time/TimeValue.h"
-#include "zenu/time/clock/ClockDrawing.h"
 #include "zenu/time/clock/ClockPicture.h"
+#include "zenu/time/clock/KClockWidgetPrivate.h"
 #include "zenu/widgets/KValueButton.h"
 
 #include <QLineEdit>
@@ -18,17 +18,9 @@ namespace zenu {
 
 namespace {
 
-constexpr long long smallestPeriod = 2; // femtoseconds
-constexpr long long largestTime = 3'600'000'000'000'000'000;
+constexpr long long largestTime = 3'600'000'000'000'000'000; // femtoseconds
 constexpr double largestFrequency = 5e8; // MHz: that of the smallest period
 constexpr double periodTimesFrequency = 1e9;
-constexpr int shownDecimals = 3;
-constexpr char const * invalidText = "????";
-
-QString timeText(long long femtoseconds)
-{
-    return QString::fromStdString(TimeValue(femtoseconds, 1.0).str(shownDecimals, false));
-}
 
 bool isTime(double value, long long least)
 {
@@ -45,18 +37,6 @@ TimeValue timeOf(QLineEdit const & edit)
     return TimeValue(qstring2chars(edit.text()), 1.0);
 }
 
-// From its start: the first digits of a text that is too long for the edit are the ones to see.
-void write(QLineEdit & edit, QString const & text)
-{
-    if (edit.text() == text) {
-        return; // which would say nothing, and move the cursor
-    }
-    edit.setText(text);
-    if (!edit.hasFocus()) {
-        edit.setCursorPosition(0);
-    }
-}
-
 void setBackground(QWidget & widget, QColor const & color)
 {
     QPalette palette = widget.palette();
@@ -65,107 +45,6 @@ void setBackground(QWidget & widget, QColor const & color)
 }
 
 } // namespace
-
-struct KClockWidget::PrivateData
-{
-    explicit PrivateData(KClockWidget * widget);
-
-    bool canDragTo(int x, int pulse) const;
-    void dragTo(int x);
-    void showCursor(QPoint const & place);
-    void updatePart(QRect const & part);
-    void placeParts();
-    void layOut();
-
-    KClockWidget * owner;
-    // The next change of the edit comes from the other view of the number. A text that does not
-    // change leaves the mark in place, and the user's next change of that edit is swallowed.
-    bool ignorePeriodChange = false;
-    bool ignoreFrequencyChange = false;
-    bool highStart = false;
-    long long offset = 0;           // femtoseconds; -1: not valid
-    long long period = 100'000'000; // femtoseconds; -1: not valid
-    long long minimalPeriod = smallestPeriod;
-    double frequency = 1.0; // MHz; -1: not valid
-    long long filling = 50; // percent
-    bool dragging = false;
-    ClockLayout layout;
-    QLineEdit * offsetEdit;
-    QLineEdit * periodEdit;
-    QLineEdit * frequencyEdit;
-    KValueButton * highButton;
-    KValueButton * lowButton;
-};
-
-KClockWidget::PrivateData::PrivateData(KClockWidget * widget)
-    : owner(widget)
-    , offsetEdit(new QLineEdit(QStringLiteral("0"), widget))
-    , periodEdit(new QLineEdit(QStringLiteral("1"), widget))
-    , frequencyEdit(new QLineEdit(QStringLiteral("1"), widget))
-    , highButton(new KValueButton(u'1', widget))
-    , lowButton(new KValueButton(u'0', widget))
-{
-    for (QLineEdit * edit : {offsetEdit, periodEdit, frequencyEdit}) {
-        edit->setFrame(true);
-    }
-}
-
-// At the ends a mouse beyond the drawing moves nothing.
-bool KClockWidget::PrivateData::canDragTo(int x, int pulse) const
-{
-    bool const beyondRight = x > owner->contentsRect().right() && filling == 99;
-    bool const beyondLeft = x < layout.periodStart() && filling == 1;
-    bool const moves = x - pulse - layout.periodStart() != 0;
-    return moves && !beyondRight && !beyondLeft && layout.periodLength() > 0;
-}
-
-void KClockWidget::PrivateData::dragTo(int x)
-{
-    int const before = layout.pulse(filling);
-    if (!canDragTo(x, before)) {
-        return;
-    }
-    int const delta = x - before - layout.periodStart();
-    filling += static_cast<int>(100.0 / layout.periodLength() * delta);
-    if (filling >= 100) {
-        filling = 99;
-    } else if (filling <= 0) {
-        filling = 1;
-    }
-    updatePart(layout.strip(before, layout.pulse(filling)));
-    updatePart(layout.waveInterior());
-}
-
-void KClockWidget::PrivateData::showCursor(QPoint const & place)
-{
-    bool const onHandle = layout.hitRect(layout.pulse(filling)).contains(place);
-    owner->setCursor(onHandle ? Qt::SizeHorCursor : Qt::ArrowCursor);
-}
-
-// The drawing is moved by the frame, the rectangles are not.
-void KClockWidget::PrivateData::updatePart(QRect const & part)
-{
-    owner->update(part | part.translated(owner->contentsRect().topLeft()));
-}
-
-void KClockWidget::PrivateData::placeParts()
-{
-    QFontMetrics const metrics(owner->font(), owner);
-    layout = ClockLayout(ClockMeasures::of(metrics), owner->contentsRect().size());
-    offsetEdit->setGeometry(layout.offsetEdit());
-    periodEdit->setGeometry(layout.periodEdit());
-    frequencyEdit->setGeometry(layout.frequencyEdit());
-    highButton->setGeometry(layout.highButton());
-    lowButton->setGeometry(layout.lowButton());
-}
-
-// Numbers that are not valid are written as the -1 that is kept.
-void KClockWidget::PrivateData::layOut()
-{
-    placeParts();
-    write(*offsetEdit, timeText(offset));
-    write(*periodEdit, timeText(period));
-}
 
 KClockWidget::KClockWidget(QWidget * parent, char const * name)
     : QFrame(parent)
@@ -181,8 +60,7 @@ KClockWidget::KClockWidget(QWidget * parent, char const * name)
     connect(m_data->lowButton, &KValueButton::clicked, this, &KClockWidget::buttonLowClicked);
     KClockWidget::setBackgroundColor(
         m_data->periodEdit->palette().color(m_data->periodEdit->backgroundRole()));
-    write(*m_data->offsetEdit, timeText(m_data->offset));
-    write(*m_data->periodEdit, timeText(m_data->period));
+    m_data->writeTimes();
     m_data->highButton->setChecked(false);
     m_data->lowButton->setChecked(true);
 }
@@ -199,9 +77,9 @@ void KClockWidget::setOffset(double offset)
 {
     if (isTime(offset, 0)) {
         m_data->offset = static_cast<long long>(offset);
-        write(*m_data->offsetEdit, timeText(m_data->offset));
+        PrivateData::writeTime(*m_data->offsetEdit, m_data->offset);
     } else {
-        write(*m_data->offsetEdit, QLatin1String(invalidText));
+        PrivateData::writeInvalid(*m_data->offsetEdit);
         m_data->offset = -1;
     }
     update();
@@ -216,12 +94,9 @@ void KClockWidget::setPeriod(double period)
 {
     if (isTime(period, m_data->minimalPeriod)) {
         m_data->period = static_cast<long long>(period);
-        write(*m_data->periodEdit, timeText(m_data->period));
+        PrivateData::writeTime(*m_data->periodEdit, m_data->period);
     } else {
-        m_data->frequency = -1;
-        m_data->period = -1;
-        m_data->ignorePeriodChange = true;
-        write(*m_data->periodEdit, QLatin1String(invalidText));
+        m_data->writeInvalidPair(*m_data->periodEdit, m_data->ignorePeriodChange);
     }
     update();
 }
@@ -235,12 +110,10 @@ void KClockWidget::setFrequency(double frequency)
 {
     if (isFrequency(frequency)) {
         m_data->frequency = frequency;
-        write(*m_data->frequencyEdit, QString::fromStdString(Frequency::Double2String(frequency)));
+        PrivateData::write(*m_data->frequencyEdit,
+                           QString::fromStdString(Frequency::Double2String(frequency)));
     } else {
-        m_data->frequency = -1;
-        m_data->period = -1;
-        m_data->ignoreFrequencyChange = true;
-        write(*m_data->frequencyEdit, QLatin1String(invalidText));
+        m_data->writeInvalidPair(*m_data->frequencyEdit, m_data->ignoreFrequencyChange);
     }
     update();
 }
@@ -252,9 +125,9 @@ double KClockWidget::getMinimalPeriod()
 
 void KClockWidget::setMinimalPeriod(double period)
 {
-    double const limit =
-        std::clamp(std::isnan(period) ? 0.0 : period, static_cast<double>(smallestPeriod),
-                   static_cast<double>(largestTime));
+    double const limit = std::clamp(std::isnan(period) ? 0.0 : period,
+                                    static_cast<double>(PrivateData::smallestPeriod),
+                                    static_cast<double>(largestTime));
     m_data->minimalPeriod = static_cast<long long>(limit);
 }
 
@@ -316,10 +189,7 @@ void KClockWidget::changedPeriod(QString const &)
     TimeValue const typed = timeOf(*m_data->periodEdit);
     auto const count = static_cast<double>(typed.internal());
     if (!typed.valid() || !isTime(count, m_data->minimalPeriod)) {
-        m_data->frequency = -1;
-        m_data->period = -1;
-        m_data->ignoreFrequencyChange = true;
-        write(*m_data->frequencyEdit, QLatin1String(invalidText));
+        m_data->writeInvalidPair(*m_data->frequencyEdit, m_data->ignoreFrequencyChange);
         return;
     }
     m_data->period = typed.internal();
@@ -340,10 +210,7 @@ void KClockWidget::changedFrequency(QString const &)
     bool const isRead = Frequency::String2Double(
         &typed, nullptr, qstring2chars(m_data->frequencyEdit->text()), Frequency::MHz);
     if (!isRead || !isFrequency(typed)) {
-        m_data->frequency = -1;
-        m_data->period = -1;
-        m_data->ignorePeriodChange = true;
-        write(*m_data->periodEdit, QLatin1String(invalidText));
+        m_data->writeInvalidPair(*m_data->periodEdit, m_data->ignorePeriodChange);
         return;
     }
     m_data->frequency = typed;
@@ -390,7 +257,8 @@ void KClockWidget::paintEvent(QPaintEvent * event)
 
 void KClockWidget::resizeEvent(QResizeEvent * event)
 {
-    m_data->layOut();
+    m_data->placeParts();
+    m_data->writeTimes();
     QFrame::resizeEvent(event);
 }
 
@@ -416,9 +284,7 @@ void KClockWidget::mouseMoveEvent(QMouseEvent * event)
 
 void KClockWidget::mousePressEvent(QMouseEvent * event)
 {
-    QPoint const place = event->position().toPoint();
-    if (!m_data->dragging &&
-        m_data->layout.hitRect(m_data->layout.pulse(m_data->filling)).contains(place)) {
+    if (!m_data->dragging && m_data->handle().contains(event->position().toPoint())) {
         m_data->dragging = true;
         setCursor(Qt::SizeHorCursor);
     }
@@ -427,8 +293,7 @@ void KClockWidget::mousePressEvent(QMouseEvent * event)
 void KClockWidget::mouseReleaseEvent(QMouseEvent * event)
 {
     m_data->dragging = false;
-    if (m_data->layout.hitRect(m_data->layout.pulse(m_data->filling))
-            .contains(event->position().toPoint())) {
+    if (m_data->handle().contains(event->position().toPoint())) {
         setCursor(Qt::SizeHorCursor);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "zenu/overlay/NarrowText.h"
 #include "zenu/time/inner/DefaultUnit.h"
+#include "zenu/time/inner/ShownTime.h"
 #include "zenu/time/inner/TimeTextValidator.h"
 
 #include <QKeyEvent>
@@ -9,15 +10,7 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
-#include <algorithm>
-
 namespace zenu {
-
-namespace {
-
-constexpr int shownDecimals = 3;
-
-} // namespace
 
 KTimeBox::KTimeBox(QWidget * parent, char const * name)
     : QSpinBox(parent)
@@ -28,7 +21,7 @@ KTimeBox::KTimeBox(QWidget * parent, char const * name)
     setRange(-1, 1);
     QSpinBox::setValue(0);
     lineEdit()->setValidator(m_validator);
-    showText(m_value.str(shownDecimals, false));
+    showText(shownTime(m_value));
     connect(this, &QSpinBox::valueChanged, this, &KTimeBox::keepAtRest);
 }
 
@@ -49,7 +42,7 @@ TimeValue KTimeBox::getValue() const
 void KTimeBox::setUnit(TimeUnit const & unit)
 {
     if (unit != TimeUnit::unknown) {
-        m_unit = std::max<TimeUnit::EUnit>(unit, TimeUnit::smallestUnit(m_value.multiplier()));
+        m_unit = showableUnit(unit, m_value);
     }
     valueToEdit();
 }
@@ -103,10 +96,9 @@ void KTimeBox::interpretText()
     bool const changed = typed.valid() && typed != m_value;
     if (typed.valid()) {
         m_value = typed;
-        m_unit = std::max<TimeUnit::EUnit>(TimeValue::readUnit(text.constData()),
-                                           TimeUnit::smallestUnit(m_value.multiplier()));
+        m_unit = showableUnit(TimeValue::readUnit(text.constData()), m_value);
     }
-    showText(m_value.str(shownDecimals, false));
+    showText(shownTime(m_value));
     if (changed) {
         Q_EMIT timeChanged();
     }
@@ -138,7 +130,7 @@ void KTimeBox::stepBy(int steps)
 
 void KTimeBox::valueToEdit()
 {
-    showText(m_value.str(m_unit, shownDecimals, false));
+    showText(shownTime(m_value, m_unit));
 }
 
 void KTimeBox::focusOutEvent(QFocusEvent * event)
@@ -188,9 +180,9 @@ void KTimeBox::fixup(QString &) const {}
 
 // What reads the same already keeps its selection: the editor's context menu takes the focus, and
 // copies what is selected.
-void KTimeBox::showText(std::string const & text)
+void KTimeBox::showText(QString const & text)
 {
-    m_shownText = QString::fromStdString(text);
+    m_shownText = text;
     m_validator->setShownText(m_shownText);
     if (lineEdit()->text() == m_shownText) {
         lineEdit()->setModified(false);

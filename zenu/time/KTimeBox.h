@@ -74,7 +74,7 @@ protected:
     void fixup(QString & input) const override;
 
 private:
-    void showText(std::string const & text);
+    void showText(QString const & text);
     void store(TimeValue const & value);
     void keepAtRest(int value);
 

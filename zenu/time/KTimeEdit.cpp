@@ -1,19 +1,12 @@
 #include "zenu/time/KTimeEdit.h"
 
 #include "zenu/overlay/NarrowText.h"
+#include "zenu/time/inner/ShownTime.h"
 #include "zenu/time/inner/TimeTextValidator.h"
 
 #include <QPointer>
 
-#include <algorithm>
-
 namespace zenu {
-
-namespace {
-
-constexpr int shownDecimals = 3;
-
-} // namespace
 
 KTimeEdit::KTimeEdit(QWidget * parent, char const * name)
     : QLineEdit(parent)
@@ -40,7 +33,7 @@ TimeValue KTimeEdit::getValue() const
 
 void KTimeEdit::setUnit(TimeUnit const & unit)
 {
-    m_unit = std::max<TimeUnit::EUnit>(unit, TimeUnit::smallestUnit(m_value.multiplier()));
+    m_unit = showableUnit(unit, m_value);
     showValue();
 }
 
@@ -91,8 +84,7 @@ void KTimeEdit::updateValue()
         m_value = typed;
         m_unit = TimeValue::readUnit(typedText.constData());
     }
-    TimeUnit::setDefaultUnit(
-        std::max<TimeUnit::EUnit>(savedDefault, TimeUnit::smallestUnit(m_value.multiplier())));
+    TimeUnit::setDefaultUnit(showableUnit(savedDefault, m_value));
     QPointer<KTimeEdit> const self(this);
     showValue();
     if (changed && self) {
@@ -104,7 +96,7 @@ void KTimeEdit::updateValue()
 // what is selected.
 void KTimeEdit::showValue()
 {
-    QString const shownText = QString::fromStdString(m_value.str(m_unit, shownDecimals, false));
+    QString const shownText = shownTime(m_value, m_unit);
     m_validator->setShownText(shownText);
     if (text() != shownText) {
         setText(shownText);
