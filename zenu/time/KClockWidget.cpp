@@ -19,7 +19,7 @@ namespace zenu {
 namespace {
 
 constexpr long long largestTime = 3'600'000'000'000'000'000; // femtoseconds
-constexpr double largestFrequency = 5e8; // MHz: that of the smallest period
+constexpr double largestFrequency = 5e8;                     // MHz: that of the smallest period
 constexpr double periodTimesFrequency = 1e9;
 
 bool isTime(double value, long long least)
