@@ -12,11 +12,6 @@ namespace zenu {
 
 namespace {
 
-constexpr int headerText = 0x4000;   // the item draws its text
-constexpr int headerFixed = 0x10;    // the item can't be resized
-constexpr int headerArrows = 0x60;   // sort arrows: the application's, kept over rebuilds
-constexpr int headerAlignment = 0x7; // bits of a column's format
-
 // Repaints each section it visits: a section draws across all columns.
 class CInvalidateSection : public IGCRowVisitor
 {
@@ -30,12 +25,6 @@ public:
 private:
     KGridCtrl::PrivateData * frame;
 };
-
-int headerFormat(CGCColumn const & column)
-{
-    return headerText | (column.HasFlag(GCCF_FIXEDWIDTH) ? headerFixed : 0) |
-           (column.format & headerAlignment);
-}
 
 } // namespace
 
@@ -138,16 +127,6 @@ bool KGridCtrl::PrivateData::SetColumnOrder(tag_HCOLUMN ** handles, int count)
     return true;
 }
 
-int KGridCtrl::PrivateData::HeaderItemOf(CGCColumn const * column) const
-{
-    for (int i = 0; i < header->getItemsCount(); ++i) {
-        if (header->getItem(i)->getLParam() == static_cast<unsigned>(column->id)) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 int KGridCtrl::PrivateData::ShownIndexOf(CGCColumn const * column) const
 {
     auto const found = std::ranges::find(shownColumns, column);
@@ -159,25 +138,6 @@ CGCColumn * KGridCtrl::PrivateData::ShownColumn(int index) const
     return index >= 0 && static_cast<std::size_t>(index) < shownColumns.size()
                ? shownColumns[static_cast<std::size_t>(index)]
                : nullptr;
-}
-
-// The header is thrown away and rebuilt from the shown columns; the sort arrows are kept by id.
-void KGridCtrl::PrivateData::rebuildHeader()
-{
-    std::unordered_map<unsigned, int> arrows;
-    header->blockControl(true);
-    for (int i = 0; i < header->getItemsCount(); ++i) {
-        KHeaderItem const * const item = header->getItem(i);
-        arrows[item->getLParam()] = item->getFmt() & headerArrows;
-    }
-    header->deleteAllItems();
-    for (CGCColumn const * const column : shownColumns) {
-        auto const kept = arrows.find(static_cast<unsigned>(column->id));
-        int const fmt = headerFormat(*column) | (kept == arrows.end() ? 0 : kept->second);
-        header->insertItem(-1, KHeaderItem(column->Text() ? column->Text() : "", nullptr, fmt, 0,
-                                           column->width, column->id));
-    }
-    header->blockControl(false);
 }
 
 void KGridCtrl::PrivateData::RebuildColumns()
@@ -235,33 +195,6 @@ void KGridCtrl::PrivateData::PlaceColumns()
     contentsWidth = static_cast<int>(std::clamp<long long>(left, 0, INT_MAX / 2));
 }
 
-void KGridCtrl::PrivateData::PlaceHeader()
-{
-    int const clientRight = ClientRect().right();
-    if (clientRight > contentsWidth && hScrollPos != 0) {
-        hScrollPos = 0;
-        Repaint();
-    }
-    int right = contentsWidth;
-    if (header->isProportional()) {
-        right = clientRight;
-    } else if (contentsWidth - hScrollPos < clientRight) {
-        right = clientRight + hScrollPos;
-    }
-    QRect const wanted = header->getLayout(QRect(QPoint(0, 0), QPoint(right, 0)));
-    int const height = wanted.bottom() - wanted.top();
-    if (height != std::exchange(headerHeight, height) && !IsDirty() && !IsEmpty()) {
-        SetTop(GetTopIndex()); // the page below it is another one now
-    }
-    header->applyGeometry(
-        QRect(-hScrollPos, wanted.top(), wanted.right() - wanted.left(), headerHeight));
-    header->update(true);
-    if (header->isProportional()) {
-        PlaceColumns(); // a header of another size has given its items other widths
-        Repaint();
-    }
-}
-
 // Those that are not on display have nothing to repaint.
 void KGridCtrl::PrivateData::invalidateShownSections()
 {
@@ -293,22 +226,6 @@ void KGridCtrl::PrivateData::storeWidth(CGCColumn * column, int width, bool upda
     PlaceHeader();
     UpdateHorizontalBar();
     LayOutBars();
-}
-
-// What has changed replaces all that the header's format held, so a new alignment takes the fixed
-// bit and the sort arrows away, and a new fixed bit the alignment. Applications set them again.
-void KGridCtrl::PrivateData::updateHeaderFormat(CGCColumn const * column, GC_COLUMN const * record)
-{
-    bool const formatChanged =
-        (record->mask & GCCM_FORMAT) && (record->format & 0xffff) != (column->format & 0xffff);
-    bool const flagsChanged =
-        (record->mask & GCCM_FLAGS) && ((record->flags ^ column->flags) & GCCF_FIXEDWIDTH);
-    if (formatChanged || flagsChanged) {
-        int const fixed = flagsChanged ? static_cast<int>(record->flags & GCCF_FIXEDWIDTH) << 4 : 0;
-        int const format = formatChanged ? record->format & 0xbfff : 0;
-        header->setFormat(HeaderItemOf(column), headerText | fixed | format);
-        header->update(false);
-    }
 }
 
 // The columns are laid out and the header is built anew; meanwhile the application may be asked.
@@ -359,50 +276,6 @@ bool KGridCtrl::PrivateData::SetColumn(CGCColumn * column, GC_COLUMN const * rec
         Repaint();
     }
     return true;
-}
-
-void KGridCtrl::PrivateData::onLeftButtonDown()
-{
-    grid->setFocus();
-}
-
-void KGridCtrl::PrivateData::onRightButtonDown()
-{
-    grid->setFocus();
-}
-
-bool KGridCtrl::PrivateData::onBeginTrack(int, int *)
-{
-    return (gridExStyle & GCXS_HEADERDRAG) == 0;
-}
-
-// At each step of a divider drag; the header has the width already.
-bool KGridCtrl::PrivateData::onTrack(int item, int *)
-{
-    KHeaderItem const * const headerItem = header->getItem(item);
-    CGCColumn * const column =
-        headerItem ? columns.find(static_cast<int>(headerItem->getLParam())) : nullptr;
-    if (!column) {
-        return false;
-    }
-    GC_COLUMN record;
-    record.mask = GCCM_WIDTH;
-    record.width = headerItem->getWH();
-    tag_HCOLUMN * const handle = column->Handle();
-    RowGuard const guard(this, nullptr);
-    SetColumn(column, &record, false);
-    if (guard.hasGrid() && notification) {
-        notification->OnColumnResized(handle, record.width);
-    }
-    if (guard.hasGrid()) {
-        Repaint();
-    }
-    return false;
-}
-
-bool KGridCtrl::PrivateData::onEndTrack(int, int *)
-{
-    return false;
 }
 
 } // namespace zenu

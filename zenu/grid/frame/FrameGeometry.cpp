@@ -138,13 +138,17 @@ void KGridCtrl::PrivateData::InvalidateAll()
 
 // While the order waits for its rebuild nothing is known of where a row is; the rebuild that the
 // next paint makes lays out all rows anew, so all is painted.
+bool KGridCtrl::PrivateData::isPaintedAnyway()
+{
+    if (shown && !allInvalid && IsDirty()) {
+        InvalidateAll();
+    }
+    return !shown || allInvalid;
+}
+
 void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
 {
-    if (!shown || allInvalid) {
-        return;
-    }
-    if (IsDirty()) {
-        InvalidateAll();
+    if (isPaintedAnyway()) {
         return;
     }
     if (QRect rect = RowRect(row); !rect.isNull()) {
@@ -156,11 +160,7 @@ void KGridCtrl::PrivateData::InvalidateRow(IGCRow * row)
 
 void KGridCtrl::PrivateData::InvalidateItem(IGCRow * row, CGCColumn * column)
 {
-    if (!shown || allInvalid) {
-        return;
-    }
-    if (IsDirty()) {
-        InvalidateAll();
+    if (isPaintedAnyway()) {
         return;
     }
     if (QRect const rect = ItemRect(row, column); !rect.isNull() && IsOnDisplay(column)) {

@@ -3,12 +3,12 @@
 #include "zenu/ZenuExport.h"
 #include "zenu/events/KToolTip.h"
 #include "zenu/grid/KGridCtrl.h"
+#include "zenu/grid/frame/KSlimGridCallbackWrapper.h"
 #include "zenu/grid/geometry/TextCache.h"
 #include "zenu/grid/handles/ChildWalk.h"
 #include "zenu/grid/handles/IRowLocator.h"
 #include "zenu/grid/handles/RowSet.h"
 #include "zenu/grid/inner/IDrawOwnerDraw.h"
-#include "zenu/grid/inner/ISlimGridCallbackWrapper.h"
 #include "zenu/grid/inner/ITextCallback.h"
 #include "zenu/grid/look/GridColors.h"
 #include "zenu/grid/look/KGridImages.h"
@@ -47,32 +47,6 @@ class RowWatch;
 class TreeLock;
 struct CDrawContext;
 struct CElementRects;
-
-// The grid's face of ISlimGridCallback for rows and drawing code: turns rows and columns into
-// handles and asks the grid for the callback at every call.
-class KSlimGridCallbackWrapper : public ISlimGridCallbackWrapper
-{
-public:
-    explicit KSlimGridCallbackWrapper(KGridCtrl::PrivateData * owner)
-        : frame(owner)
-    {
-    }
-    void GetRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row) override;
-    void ReleaseRowDrawInfo(GC_DRAWROWINFO * info, IGCRow * row) override;
-    void GetItemDrawInfo(GC_DRAWITEMINFO * info, IGCRow * row, CGCColumn * column, bool selected,
-                         bool focusCell) override;
-    char const * GetItemText(IGCRow * row, CGCColumn * column) override;
-    void SetItemText(IGCRow * row, CGCColumn * column, char const * text) override;
-    void SetItemCheck(IGCRow * row, CGCColumn * column, bool checked) override;
-    int IsItemChecked(IGCRow * row, CGCColumn * column) override;
-    bool HasSubRows(IGCRow * row) override;
-    int GetSubRowCount(IGCRow * row) override;
-    void LoadSubRows(CGCSlimRow * row, bool expanded, int count) override;
-    int GetDefaultRowHeight() override;
-
-private:
-    KGridCtrl::PrivateData * frame;
-};
 
 // Stands before the visible rows among the frame's bases, which are built with its address.
 struct SlimWrapperHolder
@@ -136,7 +110,7 @@ public:
     bool HasStyle(GCStyle bit) const { return (style & bit) != 0; }
     ISlimGridCallbackWrapper * Wrapper() { return &slimWrapper; }
 
-    // Columns and header: FrameColumns.cpp
+    // Columns: FrameColumns.cpp
     tag_HCOLUMN * InsertColumn(int index, GC_COLUMN const * record);
     bool SetColumn(CGCColumn * column, GC_COLUMN const * record, bool updateHeader);
     bool DeleteColumn(CGCColumn * column);
@@ -144,14 +118,16 @@ public:
     void ShowColumn(CGCColumn * column, bool show);
     bool GetColumnOrder(tag_HCOLUMN ** handles, int count) const;
     bool SetColumnOrder(tag_HCOLUMN ** handles, int count);
-    int HeaderItemOf(CGCColumn const * column) const;
     int ShownIndexOf(CGCColumn const * column) const;
     CGCColumn * ShownColumn(int index) const;
     void RebuildColumns();
     void PlaceColumns();
-    void PlaceHeader();
     // 0 for a bad handle.
     int BestFit(tag_HCOLUMN * handle);
+
+    // Header, and what it tells: FrameHeader.cpp
+    int HeaderItemOf(CGCColumn const * column) const;
+    void PlaceHeader();
 
     // Sorting: FrameSort.cpp
     void Sort(GC_SORT const * sort);
@@ -414,6 +390,8 @@ private:
     void tellRowDies(IGCRow const * row);
     void tellAllRowsDie();
     void invalidateShownSections();
+    // Nothing is to be found out about a row or cell: the whole grid is painted next, or nothing.
+    bool isPaintedAnyway();
     tag_HROW * enterRow(IGCRow * row);
     void dropOrphanHeight(IGCRow const * row);
     void moveFocusOutOf(IGCRow * row);

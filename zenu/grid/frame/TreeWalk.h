@@ -10,15 +10,10 @@
 namespace zenu {
 
 // The ordinary rows and sections under a level, parents first. Slim rows have no items and are not
-// entered, so nothing is loaded. Memory for a level a depth, no recursion.
+// entered, so nothing is loaded.
 template <typename Visit>
 void forEachOrdinaryRow(RowSpan top, Visit const & visit)
 {
-    struct Level
-    {
-        RowSpan rows;
-        int next;
-    };
     class Find : public IGCRowVisitor
     {
     public:
@@ -26,22 +21,15 @@ void forEachOrdinaryRow(RowSpan top, Visit const & visit)
         void VisitSection(CGCSection * row) override { found = row; }
         CGCOrdinaryRow * found = nullptr;
     };
-    std::vector<Level> levels{{top, 0}};
-    while (!levels.empty()) {
-        Level & level = levels.back();
-        if (level.next == level.rows.count()) {
-            levels.pop_back();
-            continue;
-        }
+    walkRows(top, [&](RowSpan, IGCRow * row) {
         Find find;
-        level.rows[level.next++]->Accept(&find);
-        if (find.found) {
-            visit(find.found);
-            if (RowSpan const children = find.found->GetChildren(nullptr); children.count() != 0) {
-                levels.push_back({children, 0});
-            }
+        row->Accept(&find);
+        if (!find.found) {
+            return RowSpan();
         }
-    }
+        visit(find.found);
+        return find.found->GetChildren(nullptr);
+    });
 }
 
 // A row and all rows under it, parents first.

@@ -168,6 +168,12 @@ void CGetElementPos::placeImage(int start)
     rects->imageRect = edges(start, top, end, top + size.height());
 }
 
+void CGetElementPos::placeIcon(CGCColumn const & column)
+{
+    int const iconWidth = cellImageSize(*inputs.images, KGridImages::Normal).width();
+    placeImage(contentStart(column, inputs.indent - iconWidth / 2, 0));
+}
+
 void CGetElementPos::placeTextAfterImage(CGCColumn const & column)
 {
     int const start = rects->imageRect.right() + 2;
@@ -206,6 +212,13 @@ bool CGetElementPos::placeDropButton(int start)
     return true;
 }
 
+void CGetElementPos::placeTextBeforeDrop(CGCColumn const & column)
+{
+    int const start = contentStart(column, inputs.indent / 2 - 2, 2);
+    bool const dropped = placeDropButton(start);
+    placeText(column, start, dropped ? rects->dropRect.left() - 2 : right);
+}
+
 void CGetElementPos::Visit(CGCColumn * column)
 {
     layoutCommon(*column);
@@ -214,8 +227,7 @@ void CGetElementPos::Visit(CGCColumn * column)
 void CGetElementPos::VisitIcon(CGCIconColumn * column)
 {
     if (layoutCommon(*column)) {
-        int const iconWidth = cellImageSize(*inputs.images, KGridImages::Normal).width();
-        placeImage(contentStart(*column, inputs.indent - iconWidth / 2, 0));
+        placeIcon(*column);
     }
 }
 
@@ -229,8 +241,7 @@ void CGetElementPos::VisitText(CGCTextColumn * column)
 void CGetElementPos::VisitTextWithIcon(CGCTextWithIconColumn * column)
 {
     if (layoutCommon(*column)) {
-        int const iconWidth = cellImageSize(*inputs.images, KGridImages::Normal).width();
-        placeImage(contentStart(*column, inputs.indent - iconWidth / 2, 0));
+        placeIcon(*column);
         placeTextAfterImage(*column);
     }
 }
@@ -248,24 +259,18 @@ void CGetElementPos::VisitCheckBox(CGCCheckBoxColumn * column)
 
 void CGetElementPos::VisitListBox(CGCListBoxColumn * column)
 {
-    if (!layoutCommon(*column)) {
-        return;
+    if (layoutCommon(*column)) {
+        placeTextBeforeDrop(*column);
+        // The editor of a list box covers its drop-down button, that of a combo box does not.
+        rects->editorRect.setRight(right);
     }
-    int const start = contentStart(*column, inputs.indent / 2 - 2, 2);
-    bool const dropped = placeDropButton(start);
-    placeText(*column, start, dropped ? rects->dropRect.left() - 2 : right);
-    // The editor of a list box covers its drop-down button, that of a combo box does not.
-    rects->editorRect.setRight(right);
 }
 
 void CGetElementPos::VisitComboBox(CGCComboBoxColumn * column)
 {
-    if (!layoutCommon(*column)) {
-        return;
+    if (layoutCommon(*column)) {
+        placeTextBeforeDrop(*column);
     }
-    int const start = contentStart(*column, inputs.indent / 2 - 2, 2);
-    bool const dropped = placeDropButton(start);
-    placeText(*column, start, dropped ? rects->dropRect.left() - 2 : right);
 }
 
 void CGetElementPos::VisitOwnerDraw(CGCOwnerDrawColumn * column)

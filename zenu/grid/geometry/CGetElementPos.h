@@ -52,12 +52,15 @@ private:
     // `treeOffset` from the button's centre, and where content starts, `gap` further.
     int contentStart(CGCColumn const & column, int treeOffset, int gap);
     void placeImage(int start);
+    // The image where the cell's content starts.
+    void placeIcon(CGCColumn const & column);
     void placeTextAfterImage(CGCColumn const & column);
     // False when there is no room for a check box. `start` moves past the box and `gap`.
     bool placeCheck(int & start, int gap);
     void placeText(CGCColumn const & column, int from, int to);
     // The place of the drop-down button's left edge, when the mouse shows it.
     bool placeDropButton(int start);
+    void placeTextBeforeDrop(CGCColumn const & column);
 
     CellInputs inputs;
     CElementRects * rects;
