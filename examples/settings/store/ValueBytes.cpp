@@ -92,22 +92,6 @@ bool takeImage(QDataStream & in, QImage * image)
     return true;
 }
 
-QLinearGradient linear(QPointF const & start, QPointF const & end)
-{
-    return QLinearGradient(start, end);
-}
-
-QRadialGradient radial(QPointF const & center, qreal radius, QPointF const & focus,
-                       qreal focalRadius)
-{
-    QRadialGradient gradient;
-    gradient.setCenter(center);
-    gradient.setCenterRadius(radius);
-    gradient.setFocalPoint(focus);
-    gradient.setFocalRadius(focalRadius);
-    return gradient;
-}
-
 void putGeometry(QDataStream & out, QGradient const & gradient)
 {
     switch (gradient.type()) {
@@ -141,10 +125,10 @@ QGradient takeGeometry(QDataStream & in, QGradient::Type type)
     switch (type) {
     case QGradient::LinearGradient:
         in >> a >> b;
-        return linear(a, b);
+        return QLinearGradient(a, b);
     case QGradient::RadialGradient:
         in >> a >> x >> b >> y;
-        return radial(a, x, b, y);
+        return QRadialGradient(a, x, b, y);
     case QGradient::ConicalGradient:
         in >> a >> x;
         return QConicalGradient(a, x);
@@ -276,8 +260,10 @@ bool take(QDataStream & in, QFont * font)
     return true;
 }
 
+} // namespace
+
 template <typename Value>
-QByteArray bytesOf(Value const & value)
+QByteArray toBytes(Value const & value)
 {
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
@@ -287,7 +273,7 @@ QByteArray bytesOf(Value const & value)
 }
 
 template <typename Value>
-bool valueOf(QByteArray const & bytes, Value * value)
+bool fromBytes(QByteArray const & bytes, Value * value)
 {
     QDataStream in(bytes);
     in.setVersion(QDataStream::Qt_6_4);
@@ -299,44 +285,11 @@ bool valueOf(QByteArray const & bytes, Value * value)
     return true;
 }
 
-} // namespace
-
-QByteArray toBytes(QColor const & color)
-{
-    return bytesOf(color);
-}
-
-QByteArray toBytes(QPen const & pen)
-{
-    return bytesOf(pen);
-}
-
-QByteArray toBytes(QFont const & font)
-{
-    return bytesOf(font);
-}
-
-QByteArray toBytes(QBrush const & brush)
-{
-    return bytesOf(brush);
-}
-
-bool fromBytes(QByteArray const & bytes, QColor * color)
-{
-    return valueOf(bytes, color);
-}
-
-bool fromBytes(QByteArray const & bytes, QPen * pen)
-{
-    return valueOf(bytes, pen);
-}
-
-bool fromBytes(QByteArray const & bytes, QFont * font)
-{
-    return valueOf(bytes, font);
-}
-
-bool fromBytes(QByteArray const & bytes, QBrush * brush)
-{
-    return valueOf(bytes, brush);
-}
+template QByteArray toBytes(QBrush const &);
+template QByteArray toBytes(QColor const &);
+template QByteArray toBytes(QFont const &);
+template QByteArray toBytes(QPen const &);
+template bool fromBytes(QByteArray const &, QBrush *);
+template bool fromBytes(QByteArray const &, QColor *);
+template bool fromBytes(QByteArray const &, QFont *);
+template bool fromBytes(QByteArray const &, QPen *);

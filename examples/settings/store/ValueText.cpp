@@ -193,8 +193,10 @@ bool parse(QString const & text, QFont * font)
     return true;
 }
 
+} // namespace
+
 template <typename Value>
-QString textOf(Value const & value)
+QString toText(Value const & value)
 {
     QByteArray const bytes = toBytes(value);
     QStringList const texts = readable(value);
@@ -206,49 +208,16 @@ QString textOf(Value const & value)
 }
 
 template <typename Value>
-bool valueOf(QString const & text, Value * value)
+bool fromText(QString const & text, Value * value)
 {
     return text.startsWith(sealMark) ? unseal(text, value) : parse(text, value);
 }
 
-} // namespace
-
-QString toText(QColor const & color)
-{
-    return textOf(color);
-}
-
-QString toText(QPen const & pen)
-{
-    return textOf(pen);
-}
-
-QString toText(QFont const & font)
-{
-    return textOf(font);
-}
-
-QString toText(QBrush const & brush)
-{
-    return textOf(brush);
-}
-
-bool fromText(QString const & text, QColor * color)
-{
-    return valueOf(text, color);
-}
-
-bool fromText(QString const & text, QPen * pen)
-{
-    return valueOf(text, pen);
-}
-
-bool fromText(QString const & text, QFont * font)
-{
-    return valueOf(text, font);
-}
-
-bool fromText(QString const & text, QBrush * brush)
-{
-    return valueOf(text, brush);
-}
+template QString toText(QBrush const &);
+template QString toText(QColor const &);
+template QString toText(QFont const &);
+template QString toText(QPen const &);
+template bool fromText(QString const &, QBrush *);
+template bool fromText(QString const &, QColor *);
+template bool fromText(QString const &, QFont *);
+template bool fromText(QString const &, QPen *);
