@@ -1,20 +1,15 @@
 #include "Looks.h"
 
+#include "examples/support/Picture.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QPainter>
 #include <QStyleFactory>
-#include <QTextStream>
 
 #include <algorithm>
 
 namespace {
-
-bool asksForPicture(int argc, char ** argv)
-{
-    return std::any_of(argv + 1, argv + argc,
-                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
-}
 
 void useDarkPalette()
 {
@@ -25,9 +20,8 @@ void useDarkPalette()
     QApplication::setPalette(palette);
 }
 
-// Draws the window, and the popup below it, into a file; 0, or 1 with a message when the file
-// cannot be written.
-int savePicture(Looks & looks, QString const & file)
+// The window, and its popup beside it.
+QPixmap pictureOf(Looks & looks)
 {
     looks.show();
     looks.popup().popup(looks.mapToGlobal(QPoint(0, 0)));
@@ -43,28 +37,20 @@ int savePicture(Looks & looks, QString const & file)
     painter.drawPixmap(QPointF(window.width() / ratio, 0), popup);
     painter.end();
     looks.popup().close();
-    if (all.save(file)) {
-        return 0;
-    }
-    QTextStream(stderr) << "Cannot write " << file << Qt::endl;
-    return 1;
+    return all;
 }
 
 } // namespace
 
 int main(int argc, char ** argv)
 {
-    if (asksForPicture(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    example::prepareForPicture(argc, argv);
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows the looks of colour buttons, and picks."));
     parser.addHelpOption();
-    QCommandLineOption const picture(QStringLiteral("picture"),
-                                     QStringLiteral("Draw one frame into FILE and leave."),
-                                     QStringLiteral("FILE"));
+    QCommandLineOption const picture = example::pictureOption();
     QCommandLineOption const dark(QStringLiteral("dark"), QStringLiteral("Use a dark palette."));
     QCommandLineOption const size(QStringLiteral("font-size"),
                                   QStringLiteral("Use a font of POINTS."),
@@ -82,7 +68,7 @@ int main(int argc, char ** argv)
 
     Looks looks;
     if (parser.isSet(picture)) {
-        return savePicture(looks, parser.value(picture));
+        return example::savePicture(pictureOf(looks), parser.value(picture));
     }
     looks.show();
     return QApplication::exec();

@@ -7,13 +7,12 @@
 #include "examples/gallery/Look.h"
 #include "examples/gallery/PageList.h"
 #include "examples/gallery/Pictures.h"
+#include "examples/support/Picture.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QPixmap>
 #include <QTextStream>
-
-#include <algorithm>
 
 namespace {
 
@@ -33,12 +32,6 @@ struct Options
     QCommandLineOption rightToLeft{QStringLiteral("rtl"),
                                    QStringLiteral("Lay out from right to left.")};
 };
-
-bool asksForPicture(int argc, char ** argv)
-{
-    return std::any_of(argv + 1, argv + argc,
-                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
-}
 
 int complainUnless(bool done, char const * about, QString const & name)
 {
@@ -75,10 +68,7 @@ int run(QCommandLineParser const & parser, Options const & options)
 
 int main(int argc, char ** argv)
 {
-    bool const offscreen = asksForPicture(argc, argv);
-    if (offscreen && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    bool const drawsPictures = example::prepareForPicture(argc, argv);
     QApplication application(argc, argv);
     Options const options;
     QCommandLineParser parser;
@@ -88,7 +78,7 @@ int main(int argc, char ** argv)
                        options.fontSize, options.rightToLeft});
     parser.process(application);
 
-    if (offscreen) {
+    if (drawsPictures) {
         QApplication::setStyle(QStringLiteral("Fusion")); // the same pictures on every desktop
     }
     gallery::setLook({parser.isSet(options.dark), parser.value(options.fontSize).toInt(),

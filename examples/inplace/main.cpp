@@ -1,12 +1,11 @@
 #include "Board.h"
 
+#include "examples/support/Picture.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLabel>
-#include <QTextStream>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
@@ -24,18 +23,13 @@ public:
         layout->addWidget(m_status);
     }
 
-    // Draws one frame, with the first name being edited, into a file; 0, or 1 with a message when
-    // the file cannot be written.
-    int savePicture(QString const & file)
+    // With the first name being edited.
+    QPixmap picture()
     {
         show();
         m_board->editName(0);
         QCoreApplication::processEvents();
-        if (grab().save(file)) {
-            return 0;
-        }
-        QTextStream(stderr) << "Cannot write " << file << Qt::endl;
-        return 1;
+        return grab();
     }
 
 private:
@@ -43,32 +37,22 @@ private:
     Board * m_board;
 };
 
-bool asksForPicture(int argc, char ** argv)
-{
-    return std::any_of(argv + 1, argv + argc,
-                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
-}
-
 } // namespace
 
 int main(int argc, char ** argv)
 {
-    if (asksForPicture(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    example::prepareForPicture(argc, argv);
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Edits the texts of a canvas where they are."));
     parser.addHelpOption();
-    QCommandLineOption const picture(QStringLiteral("picture"),
-                                     QStringLiteral("Draw one frame into FILE and leave."),
-                                     QStringLiteral("FILE"));
+    QCommandLineOption const picture = example::pictureOption();
     parser.addOption(picture);
     parser.process(application);
 
     Window window;
     if (parser.isSet(picture)) {
-        return window.savePicture(parser.value(picture));
+        return example::savePicture(window.picture(), parser.value(picture));
     }
     window.show();
     return QApplication::exec();

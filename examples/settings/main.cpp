@@ -1,21 +1,14 @@
 #include "SettingsWindow.h"
 
+#include "examples/support/Picture.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QPen>
 #include <QStandardPaths>
-#include <QTextStream>
-
-#include <algorithm>
 
 namespace {
-
-bool asksForPicture(int argc, char ** argv)
-{
-    return std::any_of(argv + 1, argv + argc,
-                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
-}
 
 QString defaultFile()
 {
@@ -24,7 +17,7 @@ QString defaultFile()
 }
 
 // Some settings are changed, so that the frame shows their marks; nothing is written.
-int savePicture(SettingsWindow & window, QString const & file)
+QPixmap pictureOf(SettingsWindow & window)
 {
     zenu::KConfig & config = window.config();
     config.setPen(OutlinePen, QPen(QBrush(QColor(40, 70, 140)), 2, Qt::DashLine));
@@ -33,20 +26,14 @@ int savePicture(SettingsWindow & window, QString const & file)
     window.showSettings();
     window.show();
     QCoreApplication::processEvents();
-    if (window.grab().save(file)) {
-        return 0;
-    }
-    QTextStream(stderr) << "Cannot write " << file << Qt::endl;
-    return 1;
+    return window.grab();
 }
 
 } // namespace
 
 int main(int argc, char ** argv)
 {
-    if (asksForPicture(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    example::prepareForPicture(argc, argv);
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Changes settings that an INI file keeps."));
@@ -54,15 +41,13 @@ int main(int argc, char ** argv)
     QCommandLineOption const file(QStringLiteral("file"),
                                   QStringLiteral("Keep the settings in FILE."),
                                   QStringLiteral("FILE"), defaultFile());
-    QCommandLineOption const picture(QStringLiteral("picture"),
-                                     QStringLiteral("Draw one frame into FILE and leave."),
-                                     QStringLiteral("FILE"));
+    QCommandLineOption const picture = example::pictureOption();
     parser.addOptions({file, picture});
     parser.process(application);
 
     SettingsWindow window(parser.value(file));
     if (parser.isSet(picture)) {
-        return savePicture(window, parser.value(picture));
+        return example::savePicture(pictureOf(window), parser.value(picture));
     }
     window.show();
     return QApplication::exec();

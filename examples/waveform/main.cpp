@@ -5,11 +5,12 @@
 
 #include "WaveformView.h"
 
+#include "examples/support/Picture.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QTextStream>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -36,9 +37,8 @@ public:
         showCounts();
     }
 
-    // Moves the markers for a while, drags a band and lets the mouse rest, then draws what is on
-    // display into a file; 0, or 1 with a message when the file cannot be written.
-    int savePicture(QString const & file)
+    // Moves the markers for a while, drags a band and lets the mouse rest.
+    QPixmap picture()
     {
         m_view->setDrifting(false);
         show();
@@ -52,11 +52,7 @@ public:
         }
         QApplication::processEvents();
         QSignalBlocker const quiet(m_view); // the picture of the window is a paint, too
-        if (grab().save(file)) {
-            return 0;
-        }
-        QTextStream(stderr) << "Cannot write " << file << Qt::endl;
-        return 1;
+        return grab();
     }
 
 private:
@@ -83,27 +79,17 @@ private:
     QLabel * m_counts;
 };
 
-bool asksForPicture(int argc, char ** argv)
-{
-    return std::any_of(argv + 1, argv + argc,
-                       [](char const * word) { return qstrncmp(word, "--picture", 9) == 0; });
-}
-
 } // namespace
 
 int main(int argc, char ** argv)
 {
-    if (asksForPicture(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    example::prepareForPicture(argc, argv);
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Moves sprites over a picture that is slow to draw."));
     parser.addHelpOption();
-    QCommandLineOption const picture(QStringLiteral("picture"),
-                                     QStringLiteral("Draw one frame into FILE and leave."),
-                                     QStringLiteral("FILE"));
+    QCommandLineOption const picture = example::pictureOption();
     QCommandLineOption const samples(QStringLiteral("samples"),
                                      QStringLiteral("Length of the signal."), QStringLiteral("N"),
                                      QString::number(tenMillion));
@@ -112,7 +98,7 @@ int main(int argc, char ** argv)
 
     Window window(std::clamp(parser.value(samples).toInt(), 1, 100 * tenMillion));
     if (parser.isSet(picture)) {
-        return window.savePicture(parser.value(picture));
+        return example::savePicture(window.picture(), parser.value(picture));
     }
     window.show();
     return QApplication::exec();
