@@ -2,16 +2,17 @@
 
 #include "tests/sprites/SpriteHost.h"
 
-#include <QtWidgets/QScrollArea>
-
 #include <algorithm>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace zenutest {
 
 /// What should be seen, found by painting the whole picture each time: the window, the cells of the
 /// host, the band outside of the sprites, and the sprites in the order of their priority. Knows the
-/// rules for the target and the committed state, and nothing of backgrounds and regions.
+/// rules for the target and the committed state, nothing of regions, and of backgrounds only which
+/// of the two a sprite gets to see when it draws.
 class Reference
 {
 public:
@@ -29,10 +30,17 @@ public:
         bool wanted = false;
         bool dirty = false;
         bool removed = false;
+        bool needsBackground = false;
+        bool blind = false; // was drawn while the host was on no screen
         int priority = 0;
         int shownPriority = 0;
         Drawn drawn; // as committed
         Drawn next;
+        // What lies below it, device pixels. Transparent where nobody can say: out of the clip.
+        QImage saved;
+        QImage other;                     // what lay below the place before
+        std::optional<QImage> seen;       // by the drawing that the last commit asked for
+        std::optional<QImage> seenInPass; // by that in the last paint event
     };
     struct Band
     {
@@ -59,14 +67,37 @@ public:
             nextBand.background = color;
     }
 
-    void commit()
+    static void show(Sprite & sprite)
+    {
+        if (sprite.removed)
+            return;
+        sprite.wanted = sprite.dirty = true;
+        sprite.needsBackground = sprite.needsBackground || !sprite.shown;
+    }
+    static void hide(Sprite & sprite) { sprite.wanted = sprite.needsBackground = false; }
+    static void move(Sprite & sprite, QPoint const & to)
+    {
+        sprite.target.moveTopLeft(to);
+        sprite.needsBackground = true;
+    }
+    static void change(Sprite & sprite, QSize const & size)
+    {
+        sprite.target.setSize(size);
+        sprite.needsBackground = sprite.dirty = true;
+    }
+    void showLayer()
+    {
+        layerWanted = true;
+        for (Sprite & sprite : sprites)
+            sprite.needsBackground = sprite.wanted;
+    }
+
+    /// `bare` is the window without sprites and band, transparent where no sprite is drawn; null
+    /// when the host is on no screen.
+    void commit(SpriteHost const & host, QImage const & bare)
     {
         for (Sprite & sprite : sprites) {
-            if (layerWanted && sprite.wanted && sprite.dirty) {
-                sprite.drawn = sprite.next;
-                sprite.drawn.size = sprite.target.size();
-                sprite.dirty = false;
-            }
+            commitPicture(sprite, host, bare);
             sprite.committed = sprite.target;
             sprite.shown = sprite.wanted;
             sprite.shownPriority = sprite.priority;
@@ -76,34 +107,84 @@ public:
         std::erase_if(sprites, [](Sprite const & sprite) { return sprite.removed; });
     }
 
-    /// The host's part is limited to `clip`, in its coordinates; the rest is `around`.
-    QImage picture(SpriteHost const & host, QRegion const & clip, QImage const & around) const
+    /// The host has painted that part of itself, in a paint event.
+    void paint(SpriteHost const & host, QRegion const & painted, QImage const & bare)
+    {
+        if (!layerShown)
+            return;
+        for (Sprite & sprite : sprites) {
+            if (!sprite.shown || !painted.intersects(sprite.committed))
+                continue;
+            QRect const place = deviceRect(host, sprite.committed);
+            if (sprite.saved.size() != place.size())
+                sprite.saved = unknown(place.size());
+            QPainter(&sprite.saved).drawImage(0, 0, bare.copy(place));
+            if (std::exchange(sprite.blind, false))
+                sprite.seenInPass = sprite.saved;
+        }
+    }
+
+    /// The host without sprites and band, within `clip`, over `around`.
+    static QImage bareOf(SpriteHost const & host, QRegion const & clip, QImage const & around)
     {
         QImage image = around;
         QPainter painter(&image);
-        QRegion deviceClip;
-        for (QRect const & r : clip)
-            deviceClip += deviceRect(host, r);
-        painter.setClipRegion(deviceClip);
+        painter.setClipRegion(deviceRegion(host, clip));
         for (int y = 0; y < host.height(); y += SpriteHost::cell) {
             for (int x = 0; x < host.width(); x += SpriteHost::cell) {
                 QRect const cell(x, y, SpriteHost::cell, SpriteHost::cell);
                 painter.fillRect(deviceRect(host, cell), host.colorAt(x, y));
             }
         }
-        painter.end();
+        return image;
+    }
+
+    /// The committed scene over the host, within `clip`, over `around`.
+    QImage picture(SpriteHost const & host, QRegion const & clip, QImage const & around) const
+    {
+        QImage image = bareOf(host, clip, around);
         if (!layerShown)
             return image;
         flipBand(image, host, clip);
-        painter.begin(&image);
-        painter.setClipRegion(deviceClip);
+        QPainter painter(&image);
+        painter.setClipRegion(deviceRegion(host, clip));
         for (Sprite const * sprite : visible())
             painter.drawImage(deviceRect(host, sprite->committed).topLeft(),
                               imageOf(*sprite, host));
         return image;
     }
 
+    static QImage unknown(QSize size)
+    {
+        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        return image;
+    }
+
 private:
+    // A sprite sees what was last read for its other place, unless this commit reads anew.
+    void commitPicture(Sprite & sprite, SpriteHost const & host, QImage const & bare)
+    {
+        bool const draws = layerWanted && sprite.wanted && sprite.dirty;
+        bool const stands = layerShown && sprite.shown && sprite.target == sprite.committed;
+        bool const reads = layerWanted && (sprite.needsBackground || (sprite.wanted && !stands));
+        if (bare.isNull() && (reads || draws))
+            sprite.other = QImage();
+        else if (reads)
+            sprite.other = bare.copy(deviceRect(host, sprite.target));
+        if (draws) {
+            sprite.drawn = sprite.next;
+            sprite.drawn.size = sprite.target.size();
+            sprite.dirty = false;
+            sprite.blind = bare.isNull();
+            sprite.seen = sprite.other;
+        }
+        if (reads) {
+            std::swap(sprite.saved, sprite.other);
+            sprite.needsBackground = false;
+        }
+    }
+
     std::vector<Sprite const *> visible() const
     {
         std::vector<Sprite const *> found;
@@ -132,6 +213,14 @@ private:
         }
     }
 
+    static QRegion deviceRegion(SpriteHost const & host, QRegion const & region)
+    {
+        QRegion device;
+        for (QRect const & r : region)
+            device += deviceRect(host, r);
+        return device;
+    }
+
     static QImage imageOf(Sprite const & sprite, SpriteHost const & host)
     {
         QSize const size = sprite.drawn.size;
@@ -146,28 +235,5 @@ private:
         return image.copy(QRect(QPoint(), deviceRect(host, sprite.committed).size()));
     }
 };
-
-/// The number of pixels that differ and one of them; empty when all are equal.
-inline QString difference(QImage const & actual, QImage const & expected)
-{
-    if (actual.size() != expected.size())
-        return QStringLiteral("other size");
-    int wrong = 0;
-    QPoint first;
-    for (int y = 0; y < actual.height(); ++y) {
-        auto const * const a = reinterpret_cast<QRgb const *>(actual.constScanLine(y));
-        auto const * const b = reinterpret_cast<QRgb const *>(expected.constScanLine(y));
-        for (int x = 0; x < actual.width(); ++x) {
-            if (((a[x] ^ b[x]) & 0xffffffu) != 0 && wrong++ == 0)
-                first = QPoint(x, y);
-        }
-    }
-    if (wrong == 0)
-        return QString();
-    return QStringLiteral("%1 pixels, the first at (%2, %3)")
-        .arg(wrong)
-        .arg(first.x())
-        .arg(first.y());
-}
 
 } // namespace zenutest

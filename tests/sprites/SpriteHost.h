@@ -5,6 +5,7 @@
 #include <zenu/overlay/KSprite.h>
 #include <zenu/overlay/KSpriteLayer.h>
 
+#include <QtCore/QScopedValueRollback>
 #include <QtGui/QPaintEvent>
 
 #include <cmath>
@@ -28,6 +29,8 @@ public:
     bool clobbersAll = false; // more than it paints
     bool keepsPainterOpen = false;
     int paints = 0; // paint events onto the screen or a picture
+    bool painting = false;
+    QRegion painted; // by all paint events until a test empties it
     std::function<void()> inPaintEvent;
 
     /// Changes what the cells under `r` show, without painting them.
@@ -47,6 +50,8 @@ protected:
     void paintEvent(QPaintEvent * event) override
     {
         ++paints;
+        painted += event->region();
+        QScopedValueRollback const running(painting, true);
         QPainter painter(this);
         for (int y = 0; y < height(); y += cell) {
             for (int x = 0; x < width(); x += cell) {
@@ -164,6 +169,35 @@ inline QImage filled(QImage before, QWidget const & widget, QRect const & r, QCo
     painter.fillRect(deviceRect(widget, r), color);
     painter.end();
     return before;
+}
+
+/// The number of pixels that differ and one of them; empty when all are equal. A color channel may
+/// differ by `tolerance`, and what is transparent in `expected` may be anything.
+inline QString difference(QImage const & actual, QImage const & expected, int tolerance = 0)
+{
+    auto const differ = [tolerance](QRgb a, QRgb b) {
+        return std::abs(qRed(a) - qRed(b)) > tolerance ||
+               std::abs(qGreen(a) - qGreen(b)) > tolerance ||
+               std::abs(qBlue(a) - qBlue(b)) > tolerance;
+    };
+    if (actual.width() < expected.width() || actual.height() < expected.height())
+        return QStringLiteral("too small");
+    int wrong = 0;
+    QPoint first;
+    for (int y = 0; y < expected.height(); ++y) {
+        auto const * const a = reinterpret_cast<QRgb const *>(actual.constScanLine(y));
+        auto const * const b = reinterpret_cast<QRgb const *>(expected.constScanLine(y));
+        for (int x = 0; x < expected.width(); ++x) {
+            if (qAlpha(b[x]) != 0 && differ(a[x], b[x]) && wrong++ == 0)
+                first = QPoint(x, y);
+        }
+    }
+    if (wrong == 0)
+        return QString();
+    return QStringLiteral("%1 pixels, the first at (%2, %3)")
+        .arg(wrong)
+        .arg(first.x())
+        .arg(first.y());
 }
 
 } // namespace zenutest

@@ -95,13 +95,19 @@ private:
     QPainter * m_painter;
 };
 
+// Others say that they do, as that of PDF files, and then cover what lies below.
+bool knowsXor(QPaintEngine const & engine)
+{
+    return engine.type() == QPaintEngine::Raster;
+}
+
 void drawBand(QPainter & painter, SelectionBand const & band, QRegion const & region)
 {
     if (region.isEmpty())
         return;
     QRgb const turned = band.foreground.rgb() ^ band.background.rgb();
     QColor color = QColor::fromRgb(qRed(turned), qGreen(turned), qBlue(turned));
-    if (painter.paintEngine()->hasFeature(QPaintEngine::RasterOpModes)) {
+    if (knowsXor(*painter.paintEngine())) {
         painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
     } else {
         color = band.foreground;
