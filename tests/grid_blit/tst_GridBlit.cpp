@@ -266,7 +266,9 @@ void tst_GridBlit::lineScroll_paintsTheExposedStripAlone()
         grid.GetRowRect(grid.GetBottomIndex(), &lastBefore);
         strip = QRegion(0, lastBefore.top() - 20, 200, 248);
     }
-    if (grid.devicePixelRatioF() == std::floor(grid.devicePixelRatioF())) {
+    if (!zenutest::movesPixels()) {
+        QCOMPARE(painted.boundingRect(), grid.rect().adjusted(0, grid.headerHeight(), 0, 0));
+    } else if (grid.devicePixelRatioF() == std::floor(grid.devicePixelRatioF())) {
         QVERIFY2((painted - strip).isEmpty(), qPrintable(QDebug::toString(painted)));
         QVERIFY(TestGrid::area(painted) <= 200 * 60);
     }
@@ -282,11 +284,13 @@ void tst_GridBlit::columnScroll_paintsTheExposedStripAlone()
     grid.SetHScrollDelta(8);
     grid.OnScroll(3, -1, 0, true);
     QCOMPARE(grid.GetPriv().hScrollPos, 8);
+    QRect const all(0, grid.headerHeight(), 200, 240 - grid.headerHeight());
+    bool const moves = zenutest::movesPixels();
     QRegion const right = grid.takePainted();
-    QCOMPARE(right.boundingRect(), QRect(192, grid.headerHeight(), 8, 240 - grid.headerHeight()));
+    QCOMPARE(right.boundingRect(), moves ? all.adjusted(192, 0, 0, 0) : all);
     grid.OnScroll(0, -1, 0, true);
     QRegion const left = grid.takePainted();
-    QCOMPARE(left.boundingRect(), QRect(0, grid.headerHeight(), 8, 240 - grid.headerHeight()));
+    QCOMPARE(left.boundingRect(), moves ? all.adjusted(0, 0, -192, 0) : all);
 }
 
 void tst_GridBlit::scrollBeyondAPage_paintsAll()

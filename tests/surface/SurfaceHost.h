@@ -18,6 +18,14 @@ inline bool onXcb()
     return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
+/// Whether the toolkit moves pixels when a widget scrolls or moves, instead of painting them anew.
+/// A library built without the platform interface forbids it that.
+inline bool movesPixels()
+{
+    return qEnvironmentVariableIntValue("QT_NO_FAST_SCROLL") == 0 &&
+           qEnvironmentVariableIntValue("QT_NO_FAST_MOVE") == 0;
+}
+
 /// Paints a pattern without repetition, counts its paint events and lets a test act in them.
 class SurfaceHost : public QWidget
 {

@@ -29,15 +29,14 @@ void completeStore(QBackingStore & store)
 namespace {
 
 // Without the platform interface scrolled pixels cannot be fetched, so nothing may be scrolled
-// outside the store's own memory. The toolkit looks at these once, at its first scroll.
+// outside the store's own memory. The toolkit looks at these once, at its first scroll and its
+// first move of a widget. Other values that they may have would leave wrong pixels.
 struct ScrollByPainting
 {
     ScrollByPainting()
     {
-        for (char const * name : {"QT_NO_FAST_SCROLL", "QT_NO_FAST_MOVE"}) {
-            if (!qEnvironmentVariableIsSet(name))
-                qputenv(name, "1");
-        }
+        qputenv("QT_NO_FAST_SCROLL", "1");
+        qputenv("QT_NO_FAST_MOVE", "1");
     }
 } const scrollByPainting;
 
