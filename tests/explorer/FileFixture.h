@@ -54,6 +54,19 @@ private:
     std::string root;
 };
 
+// A link to nothing exists, too.
+inline bool exists(std::string const & path)
+{
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+inline bool isExecutable(std::string const & path)
+{
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && (status.st_mode & 0111) != 0;
+}
+
 // Nothing is closed to the superuser, so a test of closed directories goes on as nobody.
 class LesserUser
 {

@@ -10,16 +10,11 @@
 #include <QPushButton>
 
 using namespace explorer;
+using zenutest::exists;
 using zenutest::FileFixture;
 using zenutest::ShownWindow;
 
 namespace {
-
-bool exists(std::string const & path)
-{
-    struct stat status;
-    return lstat(path.c_str(), &status) == 0;
-}
 
 // A drag as the window system would bring it; whether the grid takes it at that place.
 class Drag

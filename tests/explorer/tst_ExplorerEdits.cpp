@@ -5,23 +5,13 @@
 #include <QInputDialog>
 
 using namespace explorer;
+using zenutest::exists;
 using zenutest::FileFixture;
+using zenutest::isExecutable;
 using zenutest::LesserUser;
 using zenutest::ShownWindow;
 
 namespace {
-
-bool exists(std::string const & path)
-{
-    struct stat status;
-    return lstat(path.c_str(), &status) == 0;
-}
-
-bool isExecutable(std::string const & path)
-{
-    struct stat status;
-    return stat(path.c_str(), &status) == 0 && (status.st_mode & 0111) != 0;
-}
 
 // Renames the current row as a hand would.
 void rename(ShownWindow & shown, char const * name)

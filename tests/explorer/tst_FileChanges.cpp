@@ -5,6 +5,7 @@
 #include <fstream>
 
 using namespace explorer;
+using zenutest::exists;
 using zenutest::FileFixture;
 using zenutest::LesserUser;
 
@@ -14,12 +15,6 @@ mode_t modeOf(std::string const & path)
 {
     struct stat status;
     return lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
-}
-
-bool exists(std::string const & path)
-{
-    struct stat status;
-    return lstat(path.c_str(), &status) == 0;
 }
 
 // Another file system than that of the temporary files, empty for none.

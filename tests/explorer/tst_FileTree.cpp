@@ -1,5 +1,5 @@
-#include "examples/explorer/model/FileTree.h"
 #include "tests/explorer/FileFixture.h"
+#include "tests/explorer/TreeNames.h"
 #include "tests/support/TestMain.h"
 
 #include <fcntl.h>
@@ -9,19 +9,9 @@
 using explorer::FileTree;
 using zenutest::FileFixture;
 using zenutest::LesserUser;
+using zenutest::namesIn;
 
 namespace {
-
-// The names of a directory's children, as "a b c".
-std::string namesIn(FileTree & tree, FileTree::Index directory = FileTree::root)
-{
-    std::string names;
-    FileTree::Range const range = tree.children(directory);
-    for (FileTree::Index i = 0; i < range.count; ++i) {
-        names += (names.empty() ? "" : " ") + std::string(tree.name(range.first + i));
-    }
-    return names;
-}
 
 FileTree::Index find(FileTree & tree, std::string const & name,
                      FileTree::Index directory = FileTree::root)

@@ -1,24 +1,10 @@
-#include "examples/explorer/model/FileTree.h"
 #include "tests/explorer/FileFixture.h"
+#include "tests/explorer/TreeNames.h"
 #include "tests/support/TestMain.h"
 
 using explorer::FileTree;
 using zenutest::FileFixture;
-
-namespace {
-
-// The names of a directory's children, as "a b c".
-std::string namesIn(FileTree & tree, FileTree::Index directory = FileTree::root)
-{
-    std::string names;
-    FileTree::Range const range = tree.children(directory);
-    for (FileTree::Index i = 0; i < range.count; ++i) {
-        names += (names.empty() ? "" : " ") + std::string(tree.name(range.first + i));
-    }
-    return names;
-}
-
-} // namespace
+using zenutest::namesIn;
 
 class tst_FileTreeChanges : public zenutest::Test
 {

@@ -15,24 +15,10 @@
 #include <functional>
 
 using namespace explorer;
+using zenutest::exists;
 using zenutest::FileFixture;
+using zenutest::isExecutable;
 using zenutest::ShownWindow;
-
-namespace {
-
-bool exists(std::string const & path)
-{
-    struct stat status;
-    return lstat(path.c_str(), &status) == 0;
-}
-
-bool isExecutable(std::string const & path)
-{
-    struct stat status;
-    return stat(path.c_str(), &status) == 0 && (status.st_mode & 0111) != 0;
-}
-
-} // namespace
 
 // One walk through the explorer with the events of a display server: a pointer that moves there,
 // keys that go where the focus is, a drag with all that belongs to it. With ZENU_WALK_PICTURES set

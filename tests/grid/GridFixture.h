@@ -492,6 +492,22 @@ struct SmallTree
     zenu::tag_HROW *a, *b, *c, *d;
 };
 
+inline void setFlags(TestGrid & grid, zenu::tag_HCOLUMN * column, unsigned flags)
+{
+    zenu::GC_COLUMN record;
+    record.mask = zenu::GCCM_FLAGS;
+    record.flags = flags;
+    QVERIFY(grid.SetColumn(column, &record));
+}
+
+// Image lists of one image.
+inline void setImages(TestGrid & grid, QSize const & size, int list = zenu::GCIL_NORMAL)
+{
+    QPixmap strip(size);
+    strip.fill(Qt::red);
+    grid.SetImageList(list, strip, size.width(), size.height(), 1, false);
+}
+
 inline void fillRows(TestGrid & grid, int count, bool various)
 {
     grid.addColumns({100, 150, 120});

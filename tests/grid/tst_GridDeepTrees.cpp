@@ -75,12 +75,6 @@ struct OrdinaryChain
     tag_HROW * siblingChild;
 };
 
-bool isExpanded(TestGrid const & grid, tag_HROW * row)
-{
-    GC_ROW record;
-    return grid.GetRow(row, &record) && (record.state & GCRS_EXPANDED);
-}
-
 } // namespace
 
 // Sizes at which a step whose cost grows with the depth would take minutes.
@@ -142,7 +136,7 @@ void tst_GridDeepTrees::chain_levelsWithSiblings_areComeBackTo()
 {
     OrdinaryChain chain(depth);
     chain.grid.Expand(nullptr, GCE_EXPANDALL);
-    QVERIFY(isExpanded(chain.grid, chain.sibling));
+    QVERIFY(rowHasState(chain.grid, chain.sibling, GCRS_EXPANDED));
     QCOMPARE(chain.grid.GetExpandedCount(), whole + 2);
 }
 
@@ -158,7 +152,7 @@ void tst_GridDeepTrees::chain_deletedFromBelow_whileItIsExpanded()
         return true;
     };
     chain.grid.Expand(nullptr, GCE_EXPANDALL);
-    QVERIFY(isExpanded(chain.grid, chain.sibling));
+    QVERIFY(rowHasState(chain.grid, chain.sibling, GCRS_EXPANDED));
     QCOMPARE(chain.grid.GetExpandedCount(), 2u);
     QCOMPARE(notes.calls.filter(QStringLiteral("expanded")).size(), 1);
 }
@@ -178,8 +172,8 @@ void tst_GridDeepTrees::chain_deletedAtTheBottom_theWalkGoesOnAboveIt()
         return true;
     };
     chain.grid.Expand(nullptr, GCE_EXPANDALL);
-    QVERIFY(isExpanded(chain.grid, other));
-    QVERIFY(isExpanded(chain.grid, chain.sibling));
+    QVERIFY(rowHasState(chain.grid, other, GCRS_EXPANDED));
+    QVERIFY(rowHasState(chain.grid, chain.sibling, GCRS_EXPANDED));
     QCOMPARE(chain.grid.GetExpandedCount(), 7u);
     QCOMPARE(zenutest::checkGrid(chain.grid), QString());
 }
@@ -204,7 +198,7 @@ void tst_GridDeepTrees::chain_newRowsAtOldAddresses_areRowsOfTheirOwn()
         return true;
     };
     chain.grid.Expand(nullptr, GCE_EXPANDALL);
-    QVERIFY(isExpanded(chain.grid, fresh));
+    QVERIFY(rowHasState(chain.grid, fresh, GCRS_EXPANDED));
     chain.grid.Expand(chain.rows[1], GCE_EXPAND); // collapsed by the deletion of its last child
     QCOMPARE(chain.grid.GetExpandedCount(), 8u);
     QCOMPARE(zenutest::checkGrid(chain.grid), QString());

@@ -8,13 +8,6 @@ using zenutest::TestGrid;
 
 namespace {
 
-bool isExpanded(TestGrid const & grid, tag_HROW * row)
-{
-    GC_ROW record;
-    grid.GetRow(row, &record);
-    return (record.state & GCRS_EXPANDED) != 0;
-}
-
 // a (b (c d) e) f (g)
 struct Tree
 {
@@ -104,7 +97,7 @@ void tst_GridExpand::codes_onOneRow()
     grid.Expand(tree.a, before ? GCE_EXPAND : GCE_COLLAPSE);
     Notes notes(&grid);
     QVERIFY(grid.Expand(tree.a, code));
-    QCOMPARE(isExpanded(grid, tree.a), after);
+    QCOMPARE(rowHasState(grid, tree.a, GCRS_EXPANDED), after);
     QCOMPARE(notes.taken(), calls);
     QCOMPARE(grid.order(), after ? QStringLiteral("a b c d e f g") : QStringLiteral("a f g"));
     QCOMPARE(zenutest::checkGrid(grid), QString());
@@ -136,7 +129,7 @@ void tst_GridExpand::veto_movesNothing()
         QVERIFY(grid.Expand(tree.a, code));
         QCOMPARE(notes.taken(), QStringLiteral("expanding a"));
     }
-    QVERIFY(isExpanded(grid, tree.a));
+    QVERIFY(rowHasState(grid, tree.a, GCRS_EXPANDED));
 }
 
 void tst_GridExpand::noSink_expands()
@@ -234,10 +227,10 @@ void tst_GridExpand::expand_rowWithoutChildren()
     Tree const tree(grid);
     Notes notes(&grid);
     grid.Expand(tree.e, GCE_COLLAPSE);
-    QVERIFY(!isExpanded(grid, tree.e));
+    QVERIFY(!rowHasState(grid, tree.e, GCRS_EXPANDED));
     QCOMPARE(notes.taken(), QStringLiteral("expanding e; expanded e"));
     grid.Expand(tree.e, GCE_EXPAND);
-    QVERIFY(isExpanded(grid, tree.e));
+    QVERIFY(rowHasState(grid, tree.e, GCRS_EXPANDED));
 }
 
 void tst_GridExpand::expand_atTheBottom_bringsTheChildrenIn()
@@ -346,7 +339,7 @@ void tst_GridExpand::collapseAll_tellsEachRowInOrder()
     QCOMPARE(notes.taken(), QStringLiteral("expanding a; expanding b; expanding f; "
                                            "expanded a; expanded b; expanded f"));
     QCOMPARE(grid.order(), QStringLiteral("a f"));
-    QVERIFY(isExpanded(grid, tree.e));
+    QVERIFY(rowHasState(grid, tree.e, GCRS_EXPANDED));
     QVERIFY(grid.Expand(nullptr, GCE_EXPANDALL));
     QCOMPARE(notes.taken(), QStringLiteral("expanding a; expanding b; expanding f; "
                                            "expanded a; expanded b; expanded f"));
@@ -417,7 +410,7 @@ void tst_GridExpand::expandAll_vetoedRow_itsChildrenAreStillAsked()
     notes.expanding = [&](tag_HROW * row) { return row != tree.a; };
     grid.Expand(nullptr, GCE_EXPANDALL);
     QCOMPARE(grid.order(), QStringLiteral("a f g"));
-    QVERIFY(isExpanded(grid, tree.b));
+    QVERIFY(rowHasState(grid, tree.b, GCRS_EXPANDED));
 }
 
 void tst_GridExpand::expandAll_dropsAllChildWalks()
@@ -514,7 +507,7 @@ void tst_GridExpand::setRow_expandsAndCollapses()
     record.state = 0;
     QVERIFY(grid.SetRow(tree.a, &record));
     QCOMPARE(notes.taken(), QStringLiteral("expanding a"));
-    QVERIFY(isExpanded(grid, tree.a));
+    QVERIFY(rowHasState(grid, tree.a, GCRS_EXPANDED));
 }
 
 void tst_GridExpand::insideTheRebuild_expansionIsTakenUp()

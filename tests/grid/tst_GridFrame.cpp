@@ -39,13 +39,6 @@ private Q_SLOTS:
 
 namespace {
 
-void setNormalImages(KGridCtrl & grid, QSize const & size, int list = GCIL_NORMAL)
-{
-    QPixmap strip(size);
-    strip.fill(Qt::red);
-    grid.SetImageList(list, strip, size.width(), size.height(), 1, false);
-}
-
 // Qt hides the widgets of a window that is minimised by a mere event, without asking for a repaint
 // when they come back.
 void hideByEvent(QWidget & widget)
@@ -273,7 +266,7 @@ void tst_GridFrame::images_eachListHasItsNumber()
 {
     TestGrid grid;
     for (int list = GCIL_NORMAL; list <= GCIL_STATE; ++list) {
-        setNormalImages(grid, QSize(10 + list, 20 + list), list);
+        setImages(grid, QSize(10 + list, 20 + list), list);
     }
     for (int list = GCIL_NORMAL; list <= GCIL_STATE; ++list) {
         QCOMPARE(grid.GetImageList(list)->getImageSize(), QSize(10 + list, 20 + list));
@@ -287,11 +280,11 @@ void tst_GridFrame::images_eachListHasItsNumber()
 void tst_GridFrame::images_otherNumber_readsNormalAndSetsNothing()
 {
     TestGrid grid;
-    setNormalImages(grid, QSize(10, 12));
+    setImages(grid, QSize(10, 12));
     KPixmapSet const * const normal = grid.GetImageList(GCIL_NORMAL);
     for (int const list : {5, 6, -1, INT_MAX, INT_MIN}) {
         QCOMPARE(grid.GetImageList(list), normal);
-        setNormalImages(grid, QSize(30, 30), list);
+        setImages(grid, QSize(30, 30), list);
         QCOMPARE(grid.GetImageList(list), normal);
     }
     QCOMPARE(grid.GetPriv().images.imageSize(KGridImages::Buttons), QSize(9, 9));
@@ -304,7 +297,7 @@ void tst_GridFrame::images_set_repaints()
     QVERIFY(grid.showSized(100, 100));
     for (int list = GCIL_NORMAL; list <= GCIL_STATE; ++list) {
         grid.takePainted();
-        setNormalImages(grid, QSize(3, 3), list);
+        setImages(grid, QSize(3, 3), list);
         QVERIFY(!grid.takePainted().isEmpty());
     }
 }

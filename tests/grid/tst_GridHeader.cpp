@@ -34,14 +34,6 @@ void setFormat(TestGrid & grid, tag_HCOLUMN * column, int format)
     QVERIFY(grid.SetColumn(column, &record));
 }
 
-void setFlags(TestGrid & grid, tag_HCOLUMN * column, unsigned flags)
-{
-    GC_COLUMN record;
-    record.mask = GCCM_FLAGS;
-    record.flags = flags;
-    QVERIFY(grid.SetColumn(column, &record));
-}
-
 } // namespace
 
 class tst_GridHeader : public zenutest::Test

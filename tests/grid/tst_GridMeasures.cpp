@@ -36,24 +36,9 @@ QFont sized(QFont font, int pixels)
     return font;
 }
 
-void setNormalImages(KGridCtrl & grid, QSize const & size, int list = GCIL_NORMAL)
-{
-    QPixmap strip(size);
-    strip.fill(Qt::red);
-    grid.SetImageList(list, strip, size.width(), size.height(), 1, false);
-}
-
 int advanceOfX(KGridCtrl const & grid)
 {
     return QFontMetrics(grid.font(), &grid).horizontalAdvance(QLatin1Char('x'));
-}
-
-void giveTreeLines(KGridCtrl & grid, tag_HCOLUMN * column, unsigned flags = GCCF_TREELINES)
-{
-    GC_COLUMN record;
-    record.mask = GCCM_FLAGS;
-    record.flags = flags;
-    QVERIFY(grid.SetColumn(column, &record));
 }
 
 } // namespace
@@ -79,7 +64,7 @@ void tst_GridMeasures::autoHeight_isTheLargerOfFontAndImage()
     int const lines = style & GCS_HORZLINES ? 3 : 0;
     QCOMPARE(grid.GetDefaultHeight(), text + lines);
     if (imageHeight != 0) {
-        setNormalImages(grid, QSize(5, imageHeight));
+        setImages(grid, QSize(5, imageHeight));
     }
     QCOMPARE(grid.GetDefaultHeight(), std::max(text, imageHeight) + lines);
     grid.addColumns({50});
@@ -92,7 +77,7 @@ void tst_GridMeasures::autoHeight_otherListsDoNotCount()
     TestGrid grid;
     int const before = grid.GetDefaultHeight();
     for (int const list : {GCIL_SELECTED, GCIL_LEAD, GCIL_OVERLAY, GCIL_STATE}) {
-        setNormalImages(grid, QSize(77, 77), list);
+        setImages(grid, QSize(77, 77), list);
     }
     QCOMPARE(grid.GetDefaultHeight(), before);
     QVERIFY(grid.GetIndent() < 77 / 2);
@@ -104,7 +89,7 @@ void tst_GridMeasures::autoHeight_changedByImages_laysTheRowsOutAnew()
     grid.addColumns({50});
     grid.addMany(20);
     QVERIFY(grid.showSized(100, 100));
-    setNormalImages(grid, QSize(5, 40));
+    setImages(grid, QSize(5, 40));
     QCOMPARE(grid.GetVisibleCount(), 3u);
     QCOMPARE(grid.contentsHeight(), 20 * 40);
 }
@@ -115,9 +100,9 @@ void tst_GridMeasures::autoHeight_changedWhileHidden_laysTheRowsOutAnewWhenShown
 {
     TestGrid grid(GCS_NOHEADER);
     int const text = grid.GetDefaultHeight();
-    setNormalImages(grid, QSize(5, 60));
+    setImages(grid, QSize(5, 60));
     for (bool const byShow : {true, false}) {
-        setNormalImages(grid, QSize(5, 60));
+        setImages(grid, QSize(5, 60));
         QVERIFY(grid.Reset());
         grid.addColumns({50});
         grid.addMany(20);
@@ -149,7 +134,7 @@ void tst_GridMeasures::defaultHeight_winsUntilMinusOne()
     int const automatic = grid.GetDefaultHeight();
     grid.SetDefaultHeight(33);
     QCOMPARE(grid.GetDefaultHeight(), 33);
-    setNormalImages(grid, QSize(5, 99));
+    setImages(grid, QSize(5, 99));
     QCOMPARE(grid.GetDefaultHeight(), 33);
     grid.SetDefaultHeight(0);
     QCOMPARE(grid.GetDefaultHeight(), 0);
@@ -189,7 +174,7 @@ void tst_GridMeasures::indent_narrowFontNoImagesNoTreeLines_isThirteen()
     grid.setFont(sized(grid.font(), 5));
     QVERIFY(2 * advanceOfX(grid) < 13);
     QCOMPARE(grid.GetIndent(), 13);
-    giveTreeLines(grid, grid.firstColumn());
+    setFlags(grid, grid.firstColumn(), GCCF_TREELINES);
     QCOMPARE(grid.GetIndent(), 19);
 }
 
@@ -218,7 +203,7 @@ void tst_GridMeasures::indent_isTheLargestOfFontImageAndLines()
     grid.addKind(GCCK_TEXT, 50, lines ? GCCF_TREELINES : 0U);
     grid.setFont(sized(grid.font(), fontPixels));
     if (imageWidth != 0) {
-        setNormalImages(grid, QSize(imageWidth, 9));
+        setImages(grid, QSize(imageWidth, 9));
     }
     QCOMPARE(grid.GetIndent(),
              std::max({2 * advanceOfX(grid), imageWidth / 2 + 6, lines ? 19 : 13}));

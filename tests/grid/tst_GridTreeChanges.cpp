@@ -8,13 +8,6 @@ using zenutest::TestGrid;
 
 namespace {
 
-bool isExpanded(TestGrid const & grid, tag_HROW * row)
-{
-    GC_ROW record;
-    grid.GetRow(row, &record);
-    return (record.state & GCRS_EXPANDED) != 0;
-}
-
 // a (b (c) d) e, and a walk of each kind under way.
 struct Walked
 {
@@ -352,12 +345,12 @@ void tst_GridTreeChanges::expanding_comesBeforeAnyChange()
     int asked = 0;
     notes.expanding = [&](tag_HROW * row) {
         ++asked;
-        return isExpanded(tree.grid, row) && tree.grid.GetNextRow(GCN_FOCUSED) == tree.c &&
-               tree.grid.GetExpandedCount() == 5;
+        return rowHasState(tree.grid, row, GCRS_EXPANDED) &&
+               tree.grid.GetNextRow(GCN_FOCUSED) == tree.c && tree.grid.GetExpandedCount() == 5;
     };
     tree.grid.Expand(tree.a, GCE_COLLAPSE);
     QCOMPARE(asked, 1);
-    QVERIFY(!isExpanded(tree.grid, tree.a));
+    QVERIFY(!rowHasState(tree.grid, tree.a, GCRS_EXPANDED));
 }
 
 void tst_GridTreeChanges::expand_vetoed_leavesWalksOrderAndPicture()

@@ -6,6 +6,8 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionToolButton>
 #include <QtWidgets/QWidgetAction>
 
 #include <functional>
@@ -19,6 +21,14 @@ inline void failOnOtherWarnings()
     QTest::failOnWarning(
         QRegularExpression(QStringLiteral("^(?!This plugin does not support (grabbing the "
                                           "keyboard|raise|lower|propagateSizeHints))")));
+}
+
+// The size hint of a tool button for content of a size, by the style.
+inline QSize styled(QWidget const & widget, QSize const & content)
+{
+    QStyleOptionToolButton option;
+    option.initFrom(&widget);
+    return widget.style()->sizeFromContents(QStyle::CT_ToolButton, &option, content, &widget);
 }
 
 // Counts what a button is asked to draw, and reaches what is protected.

@@ -3,12 +3,12 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOptionToolButton>
 #include <QtWidgets/QToolBar>
 
 using namespace zenu;
 using zenutest::Button;
 using zenutest::settle;
+using zenutest::styled;
 using zenutest::Window;
 
 namespace {
@@ -23,14 +23,6 @@ void sendLeave(QWidget & widget)
 {
     QEvent event(QEvent::Leave);
     QApplication::sendEvent(&widget, &event);
-}
-
-// The hint for content of a size, by the style.
-QSize styled(QWidget const & widget, QSize const & content)
-{
-    QStyleOptionToolButton option;
-    option.initFrom(&widget);
-    return widget.style()->sizeFromContents(QStyle::CT_ToolButton, &option, content, &widget);
 }
 
 QSize textSize(QString const & text)

@@ -4,12 +4,11 @@
 #include <zenu/widgets/inner/StandardColors.h>
 
 #include <QtWidgets/QColorDialog>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOptionToolButton>
 
 using namespace zenu;
 using zenutest::PopupParts;
 using zenutest::settle;
+using zenutest::styled;
 using zenutest::whenOpen;
 using zenutest::Window;
 
@@ -26,13 +25,6 @@ char const * const standardTable =
     "848684 ff0400 ff9e00 9ccf00 319663 39cfce 3165ff 7b047b 949694 ff04ff "
     "ffcf00 ffff00 00ff00 00ffff 00c7ff 9c3463 c6c6c6 ff96c6 ffcf9c ffff9c "
     "ceffce ceffff 9ccfff ce96ff ffffff";
-
-QSize styled(QWidget const & widget, QSize const & content)
-{
-    QStyleOptionToolButton option;
-    option.initFrom(&widget);
-    return widget.style()->sizeFromContents(QStyle::CT_ToolButton, &option, content, &widget);
-}
 
 // The colour in the middle of a swatch, as a flat button of its size draws it.
 QColor fillOf(KColorButton & button)
