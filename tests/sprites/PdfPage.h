@@ -121,15 +121,20 @@ private:
         painter.setClipPath(m_path, painter.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
     }
 
-    // Rows of samples without a gap between them.
+    // Rows of whole bytes without a gap between them. In a mask a set bit is opaque.
     static QImage samples(QByteArray const & bytes, QSize size, QImage::Format format)
     {
-        int const line = size.width() * (format == QImage::Format_RGB888 ? 3 : 1);
+        int const bits = format == QImage::Format_Mono     ? 1
+                         : format == QImage::Format_RGB888 ? 24
+                                                           : 8;
+        int const line = (size.width() * bits + 7) / 8;
         if (bytes.size() < qsizetype(line) * size.height())
             return QImage();
-        return QImage(reinterpret_cast<uchar const *>(bytes.constData()), size.width(),
-                      size.height(), line, format)
-            .copy();
+        QImage image(reinterpret_cast<uchar const *>(bytes.constData()), size.width(),
+                     size.height(), line, format);
+        if (bits == 1)
+            image.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
+        return image.copy();
     }
 
     QImage imageOf(Object const & object)
@@ -145,10 +150,13 @@ private:
             return colors;
         }
         colors.convertTo(QImage::Format_ARGB32);
-        if (int const mask = reference(object.text, "SMask")) {
-            colors.setAlphaChannel(samples(unpacked(at(mask), size.width() * size.height()), size,
-                                           QImage::Format_Grayscale8));
-        }
+        int const most = size.width() * size.height();
+        if (int const mask = reference(object.text, "SMask"))
+            colors.setAlphaChannel(
+                samples(unpacked(at(mask), most), size, QImage::Format_Grayscale8));
+        if (int const mask = reference(object.text, "Mask"))
+            colors.setAlphaChannel(samples(unpacked(at(mask), most), size, QImage::Format_Mono)
+                                       .convertToFormat(QImage::Format_Grayscale8));
         return colors;
     }
 

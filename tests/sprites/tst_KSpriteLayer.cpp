@@ -21,6 +21,7 @@ private Q_SLOTS:
     void update_removed_leavesTheScreenAndTheLayer();
 
     void layerHide_restoresAll_layerShow_recapturesAll();
+    void layerShow_spriteHiddenAndShownMeanwhile_recaptures();
 
     void holes_showTheWidgetAlone();
     void seeThrough_doesNotDarken();
@@ -192,6 +193,26 @@ void tst_KSpriteLayer::layerHide_restoresAll_layerShow_recapturesAll()
     b.moveTo(QPoint(0, 0));
     m_layer->update();
     QCOMPARE(wrongPixels(seen(), filled(changed, *m_host, b.geometry(), Qt::blue)), 0);
+}
+
+// What the sprite still has is older than what the host painted while the layer was off.
+void tst_KSpriteLayer::layerShow_spriteHiddenAndShownMeanwhile_recaptures()
+{
+    TestSprite sprite(m_layer.get(), QRect(40, 40, 32, 32));
+    m_layer->update();
+    m_layer->hide();
+    m_layer->update();
+    m_host->changePicture(QRect(32, 32, 80, 80), 2);
+    m_host->repaint();
+    QImage const bare = seen();
+    m_layer->show();
+    sprite.hide();
+    sprite.show();
+    m_layer->update();
+    QCOMPARE(wrongPixels(seen(), filled(bare, *m_host, sprite.geometry(), Qt::red)), 0);
+    sprite.hide();
+    m_layer->update();
+    QCOMPARE(wrongPixels(seen(), bare), 0);
 }
 
 void tst_KSpriteLayer::holes_showTheWidgetAlone()

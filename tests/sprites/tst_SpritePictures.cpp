@@ -7,6 +7,15 @@
 using namespace zenu;
 using namespace zenutest;
 
+// What is printed, where and how.
+struct Page
+{
+    QSize size;   // points
+    QPoint place; // of what is printed
+    int dotsAPoint;
+    bool wholeWindow;
+};
+
 // The host painted into something else: a picture, another painter, a file of drawing commands.
 class tst_SpritePictures : public SceneTest
 {
@@ -34,7 +43,18 @@ private Q_SLOTS:
 
 private:
     QImage bareHost() const;
+    QByteArray printed(Page const & page);
+    QImage printedScene(Page const & page) const;
 };
+
+namespace {
+
+QColor const veilColor(200, 40, 90, 96); // printed; on the screen its alpha counts for nothing
+constexpr QRect seeThroughRect(80, 60, 50, 30);
+constexpr QRect edgeRect(225, 150, 40, 30);
+constexpr QRect childRect(36, 64, 20, 20);
+
+} // namespace
 
 void tst_SpritePictures::init()
 {
@@ -229,38 +249,35 @@ void tst_SpritePictures::render_recorded_playsTheSprites()
 
 void tst_SpritePictures::print_showsTheCommittedScene_data()
 {
-    QTest::addColumn<QSize>("page"); // points
-    QTest::addColumn<QPoint>("place");
-    QTest::addColumn<int>("dotsAPoint");
+    QTest::addColumn<Page>("page");
     QTest::addColumn<bool>("painterOpen");
-    QSize const large(320, 240);
-    QTest::newRow("on a larger page") << large << QPoint(30, 20) << 1 << false;
-    QTest::newRow("on a larger page, painter of the host open")
-        << large << QPoint(30, 20) << 1 << true;
-    QTest::newRow("finer than the screen") << large << QPoint(30, 20) << 8 << false;
-    QTest::newRow("finer than the screen, open") << large << QPoint(30, 20) << 8 << true;
-    QTest::newRow("on a page of its size") << hostRect.size() << QPoint() << 1 << false;
-    QTest::newRow("on a page of its size, open") << hostRect.size() << QPoint() << 1 << true;
+    for (bool const open : {false, true}) {
+        char const * const painter = open ? "open" : "closed";
+        auto const add = [&](char const * name, Page const & page) {
+            QTest::addRow("%s, painter of the host %s", name, painter) << page << open;
+        };
+        add("on a larger page", {QSize(320, 240), QPoint(30, 20), 1, false});
+        add("finer than the screen", {QSize(320, 240), QPoint(30, 20), 8, false});
+        add("on a page of its size", {hostRect.size(), QPoint(), 1, false});
+        add("with its window", {QSize(400, 300), QPoint(10, 20), 2, true});
+    }
 }
 
-// Sprites stand over each other, over the edge of the host and below a child of it. A file of
-// drawing commands knows no XOR: the band is a veil there, outside of all sprites.
+// Sprites stand over each other, over the edge of the host and below a child of it.
 void tst_SpritePictures::print_showsTheCommittedScene()
 {
-    QFETCH(QSize, page);
-    QFETCH(QPoint, place);
-    QFETCH(int, dotsAPoint);
+    QFETCH(Page, page);
     QFETCH(bool, painterOpen);
-    QColor const veil(200, 40, 90, 96);
-    QRect const seeThroughRect(80, 60, 50, 30);
-    QRect const edgeRect(225, 150, 40, 30);
-    QRect const childRect(36, 64, 20, 20);
     m_host->keepsPainterOpen = painterOpen;
-    m_layer->setSelForeground(QColor(200, 40, 90));
+    m_layer->setSelForeground(veilColor);
     TestSprite seeThrough(m_layer.get(), seeThroughRect, Qt::green, 3);
     seeThrough.look = TestSprite::Look::SeeThrough;
     TestSprite const edge(m_layer.get(), edgeRect, Qt::cyan, -1);
-    m_lower->setPriority(5); // over the other one
+    m_lower->setPriority(5);                           // over the other one
+    m_lower->look = TestSprite::Look::Holes;           // so that one sees how its picture lies
+    m_lower->changeContents(lowerRect.size() * 3 / 2); // and its buffers are larger than it
+    m_layer->update();
+    m_lower->changeContents(lowerRect.size());
     QWidget child(m_host);
     child.setGeometry(childRect);
     child.setAutoFillBackground(true);
@@ -270,42 +287,58 @@ void tst_SpritePictures::print_showsTheCommittedScene()
     settle(*m_window);
     QImage const before = seen();
     m_upper->moveTo(QPoint(120, 8)); // is not committed
-
-    QByteArray bytes;
-    QBuffer file(&bytes);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    {
-        QPdfWriter writer(&file);
-        writer.setPageSize(
-            QPageSize(QSizeF(page), QPageSize::Point, QString(), QPageSize::ExactMatch));
-        writer.setPageMargins(QMarginsF());
-        writer.setResolution(72 * dotsAPoint);
-        QPainter painter(&writer);
-        painter.setRenderHint(QPainter::LosslessImageRendering);
-        painter.scale(dotsAPoint, dotsAPoint);
-        painter.translate(place);
-        m_host->render(&painter);
-    }
-    PdfPage shown(bytes);
+    PdfPage shown(printed(page));
     QImage const image = shown.picture();
     QCOMPARE(shown.unknown, QList<QByteArray>());
+    QCOMPARE(difference(image, printedScene(page), 2), QString()); // colors there are rounded
+    QCOMPARE(wrongPixels(seen(), before), 0);
+}
 
-    QImage expected(page, QImage::Format_RGB32);
-    expected.fill(Qt::white);
-    QPainter painter(&expected);
-    painter.translate(place);
-    painter.setClipRect(QRect(QPoint(), m_host->size()));
+QByteArray tst_SpritePictures::printed(Page const & page)
+{
+    QByteArray bytes;
+    QBuffer file(&bytes);
+    if (!file.open(QIODevice::WriteOnly))
+        return bytes;
+    QPdfWriter writer(&file);
+    writer.setPageSize(
+        QPageSize(QSizeF(page.size), QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF());
+    writer.setResolution(72 * page.dotsAPoint);
+    QPainter painter(&writer);
+    painter.setRenderHint(QPainter::LosslessImageRendering);
+    painter.scale(page.dotsAPoint, page.dotsAPoint);
+    painter.translate(page.place);
+    if (page.wholeWindow)
+        m_window->render(&painter);
+    else
+        m_host->render(&painter);
+    painter.end();
+    return bytes;
+}
+
+// A file of drawing commands knows no XOR: the band is a veil there, outside of all sprites.
+QImage tst_SpritePictures::printedScene(Page const & page) const
+{
+    QImage image(page.size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.translate(page.place);
+    if (page.wholeWindow) {
+        painter.fillRect(m_window->rect(), m_window->palette().color(QPalette::Window));
+        painter.translate(hostRect.topLeft());
+    }
+    painter.setClipRect(QRect(QPoint(), hostRect.size()));
     painter.drawImage(0, 0, bareHost());
     for (QRect const & r : QRegion(bandRect) - lowerRect - upperRect - seeThroughRect - edgeRect)
-        painter.fillRect(r, veil);
+        painter.fillRect(r, veilColor);
     painter.fillRect(edgeRect, Qt::cyan);
     painter.fillRect(upperRect, Qt::blue);
     painter.fillRect(seeThroughRect, QColor(0, 255, 0, 100));
-    painter.fillRect(lowerRect, Qt::red);
+    for (QRect const & r : QRegion(lowerRect) - lowerRect.adjusted(4, 4, -4, -4))
+        painter.fillRect(r, Qt::red);
     painter.fillRect(childRect, Qt::yellow);
-    painter.end();
-    QCOMPARE(difference(image, expected, 2), QString()); // colours in files are rounded
-    QCOMPARE(wrongPixels(seen(), before), 0);
+    return image;
 }
 
 ZENU_TEST(tst_SpritePictures)
