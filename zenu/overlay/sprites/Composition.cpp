@@ -5,11 +5,43 @@
 #include "zenu/overlay/surface/PixelCopies.h"
 #include "zenu/overlay/surface/WidgetSurface.h"
 
+#include <QWidget>
+
+#include <algorithm>
+
 namespace zenu {
 
 namespace {
 
-// The parts of a rectangle that are not in a region which is empty most of the time.
+// What a pass reads and writes for one strip stays in the processor's cache at this size.
+constexpr double cachedBytes = 1 << 20;
+constexpr int lowestStrip = 32;
+
+double bytesOf(Scene const & scene, qreal ratio)
+{
+    double pixels = 0;
+    for (int i = 0; i < scene.rects.count(); ++i) {
+        QRect const & r = scene.rects.at(i);
+        pixels += static_cast<double>(r.width()) * r.height();
+    }
+    return pixels * ratio * ratio * sizeof(QRgb);
+}
+
+// All three steps are done in one strip before the next, so that the surface and the backgrounds
+// come from memory once. The steps of different strips have no pixel in common.
+Strips stripsFor(WidgetSurface const & surface, std::initializer_list<Scene const *> scenes)
+{
+    double bytes = 0;
+    for (Scene const * const scene : scenes)
+        bytes += bytesOf(*scene, surface.ratio());
+    QRect const rows = surface.host()->rect();
+    int const most = std::max(rows.height() / lowestStrip, 1);
+    Strips strips;
+    strips.count = static_cast<int>(std::clamp(bytes / cachedBytes, 1.0, double(most)));
+    strips.height = rows.height() / strips.count + 1;
+    return strips;
+}
+
 template <typename Act>
 void forEachRectOutside(QRect const & r, QRegion const & without, Act act)
 {
@@ -23,110 +55,119 @@ void forEachRectOutside(QRect const & r, QRegion const & without, Act act)
 
 } // namespace
 
-Composition::Composition(WidgetSurface & surface, Damage const & damage, QRegion const & clobber)
+Composition::Composition(WidgetSurface & surface, Damage const & damage)
     : m_surface(surface)
     , m_damage(damage)
-    , m_clobber(clobber)
 {
 }
 
-QPoint Composition::offsetIn(QRect const & whole, QRect const & part) const
+void Composition::change(Scene & from, Scene & read, Scene & to, QRegion const & clobber)
 {
-    return part.topLeft() == whole.topLeft()
-               ? QPoint()
-               : m_surface.device(part).topLeft() - m_surface.device(whole).topLeft();
-}
-
-template <typename Act>
-void Composition::forEachPartUnder(QRect const & r, Scene & scene, Act act)
-{
-    for (int const i : scene.rects.under(r))
-        act(scene.sprites[static_cast<size_t>(i)], scene.rects.at(i), scene.rects.at(i) & r);
-}
-
-template <typename Act>
-void Composition::forEachPart(Scene & scene, Act act)
-{
-    if (!m_damage.everything) {
-        for (QRect const & r : m_damage.region)
-            forEachPartUnder(r, scene, act);
-        return;
+    Strips const strips =
+        m_damage.everything ? stripsFor(m_surface, {&from, &read, &to}) : Strips();
+    collect(from, strips, clobber);
+    collect(to, strips);
+    read.pieces.collect(m_surface, read, strips);
+    for (int strip = 0; strip < strips.count; ++strip) {
+        takeOff(from, strips, strip, clobber);
+        capture(read, strip);
+        draw(to, strips, strip);
     }
-    for (int i = 0; i < scene.rects.count(); ++i)
-        act(scene.sprites[static_cast<size_t>(i)], scene.rects.at(i), scene.rects.at(i));
-}
-
-void Composition::flip(SelectionBand const & band, QRegion const & without)
-{
-    QRegion region = m_damage.everything ? QRegion(band.rect) : m_damage.region & band.rect;
-    if (region.isEmpty())
-        return;
-    if (!without.isEmpty())
-        region -= without;
-    m_surface.flip(region, band.foreground, band.background);
-}
-
-// The band stands outside of the sprites only. It is flipped as a whole all the same: what that
-// does to the sprites is put over at once by their backgrounds.
-void Composition::takeOff(Scene & scene)
-{
-    flip(scene.band, m_clobber);
-    forEachPart(scene, [&](Scene::Standing & sprite, QRect const & whole, QRect const & part) {
-        forEachRectOutside(part, m_clobber, [&](QRect const & r) {
-            m_surface.put(sprite.background->pixels, offsetIn(whole, r), r);
-        });
-    });
-}
-
-// The band again goes over everything. Where a picture does not cover all below it, its background
-// comes first, for all such sprites before any picture: so nothing of the band and of an older
-// picture shines through, and one sprite through another does.
-void Composition::draw(Scene & scene)
-{
-    flip(scene.band, QRegion());
-    forEachPart(scene, [&](Scene::Standing & sprite, QRect const & whole, QRect const & part) {
-        if (sprite.contents && !sprite.contents->isOpaque())
-            m_surface.put(sprite.background->pixels, offsetIn(whole, part), part);
-    });
-    forEachPart(scene, [&](Scene::Standing & sprite, QRect const & whole, QRect const & part) {
-        if (!sprite.contents)
-            return;
-        if (sprite.contents->isOpaque())
-            m_surface.put(sprite.contents->pixels(), offsetIn(whole, part), part);
-        else
-            m_surface.blend(sprite.contents->pixels(), offsetIn(whole, part), part);
-    });
 }
 
 void Composition::capture(Scene & scene)
 {
-    forEachPart(scene, [&](Scene::Standing & sprite, QRect const & whole, QRect const & part) {
-        sprite.background->ensureSize(whole.size(), m_surface.ratio(), m_surface.format());
-        m_surface.copyTo(sprite.background->pixels, offsetIn(whole, part), part);
-    });
+    collect(scene, Strips());
+    for (int i = 0; i < scene.rects.count(); ++i) {
+        scene.sprites[static_cast<size_t>(i)].background->ensureSize(
+            scene.rects.at(i).size(), m_surface.ratio(), m_surface.format());
+    }
+    capture(scene, 0);
+}
+
+void Composition::draw(Scene & scene)
+{
+    collect(scene, Strips());
+    draw(scene, Strips(), 0);
+}
+
+void Composition::collect(Scene & scene, Strips const & strips, QRegion const & without)
+{
+    if (m_damage.everything)
+        scene.pieces.collect(m_surface, scene, strips, without);
+    else
+        scene.pieces.collectWithin(m_surface, scene, m_damage.region, without);
+}
+
+void Composition::flip(SelectionBand const & band, Strips const & strips, int strip,
+                       QRegion const & without)
+{
+    if (band.rect.isEmpty())
+        return;
+    QRegion region = strips.cut(band.rect, strip);
+    if (!m_damage.everything)
+        region &= m_damage.region;
+    m_surface.flip(region - without, band.foreground, band.background);
+}
+
+// The band stands outside of the sprites only. It is flipped as a whole all the same: what that
+// does to the sprites is put over at once by their backgrounds.
+void Composition::takeOff(Scene const & scene, Strips const & strips, int strip,
+                          QRegion const & clobber)
+{
+    flip(scene.band, strips, strip, clobber);
+    for (Piece const & piece : scene.pieces.in(strip))
+        m_surface.putPixels(piece.background->rows(), piece.at, piece.pixels);
+}
+
+void Composition::capture(Scene const & scene, int strip)
+{
+    for (Piece const & piece : scene.pieces.in(strip))
+        m_surface.copyPixelsTo(piece.background->rows(), piece.at, piece.pixels);
+}
+
+// The band again goes over everything. Where a picture does not cover all below it, the background
+// comes over the band first, for all such sprites before any picture: so nothing of the band shines
+// through, and one sprite through another does.
+void Composition::draw(Scene const & scene, Strips const & strips, int strip)
+{
+    flip(scene.band, strips, strip);
+    QRect const flipped = m_surface.device(scene.band.rect);
+    for (Piece const & piece : scene.pieces.in(strip)) {
+        if (piece.contents && !piece.contents->isOpaque() && flipped.intersects(piece.pixels))
+            m_surface.putPixels(piece.background->rows(), piece.at, piece.pixels);
+    }
+    for (Piece const & piece : scene.pieces.in(strip)) {
+        if (!piece.contents)
+            continue;
+        if (piece.contents->isOpaque())
+            m_surface.putPixels(piece.contents->rows(), piece.at, piece.pixels);
+        else
+            m_surface.blendPixels(piece.contents->pixels(), piece.at, piece.pixels);
+    }
 }
 
 void readBelow(WidgetSurface const & surface, Scene & scene, QRegion const & clobber,
                QRect const & r, BackgroundBuffer & buffer)
 {
     buffer.ensureSize(r.size(), surface.ratio(), surface.format());
-    surface.copyTo(buffer.pixels, QPoint(), r);
+    surface.copyPixelsTo(buffer.rows(), QPoint(), surface.device(r));
     QPoint const origin = surface.device(r).topLeft();
     if (scene.band.rect.intersects(r)) {
         PixelBits const bits =
             pixelDifference(scene.band.foreground, scene.band.background, surface.format());
         forEachRectOutside(scene.band.rect & r, clobber, [&](QRect const & part) {
-            flipPixels(buffer.pixels, surface.device(part).translated(-origin), bits);
+            flipPixels(buffer.rows(), surface.device(part).translated(-origin), bits);
         });
     }
     for (int const i : scene.rects.under(r)) {
-        QImage const & saved = scene.sprites[static_cast<size_t>(i)].background->pixels;
+        PixelRows const & saved = scene.sprites[static_cast<size_t>(i)].background->rows();
         QPoint const from = surface.device(scene.rects.at(i)).topLeft();
-        if (saved.format() != buffer.pixels.format())
+        if (saved.format != surface.format())
             continue;
         forEachRectOutside(scene.rects.at(i) & r, clobber, [&](QRect const & part) {
             QRect const to = surface.device(part);
-            copyPixels(buffer.pixels, to.topLeft() - origin, saved, to.topLeft() - from, to.size());
+            copyPixels(buffer.rows(), to.topLeft() - origin, saved, to.topLeft() - from, to.size());
         });
     }
 }

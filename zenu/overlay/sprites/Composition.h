@@ -1,11 +1,13 @@
 #pragma once
 
+#include "zenu/overlay/sprites/PieceList.h"
 #include "zenu/overlay/sprites/Scene.h"
 
 #include <QRegion>
 
 namespace zenu {
 
+class BackgroundBuffer;
 class WidgetSurface;
 
 /// The part of the widget that a pass works on.
@@ -21,30 +23,30 @@ struct Damage
 class Composition
 {
 public:
-    /// What is in `clobber` was painted by the widget meanwhile: nothing is taken off there.
-    Composition(WidgetSurface & surface, Damage const & damage, QRegion const & clobber);
+    Composition(WidgetSurface & surface, Damage const & damage);
 
-    /// Leaves the widget's own pixels.
-    void takeOff(Scene & scene);
-
-    /// Lays the scene on the widget's own pixels, once the backgrounds are known.
-    void draw(Scene & scene);
+    /// Takes `from` off, takes the widget's own pixels into all backgrounds of `read`, and lays
+    /// `to` on them. What is in `clobber` was painted by the widget meanwhile: nothing is taken off
+    /// there.
+    void change(Scene & from, Scene & read, Scene & to, QRegion const & clobber);
 
     /// Takes the widget's own pixels, as they lie on the surface now, into the backgrounds of the
     /// scene, within the damage alone.
     void capture(Scene & scene);
 
+    /// Lays the scene on the widget's own pixels.
+    void draw(Scene & scene);
+
 private:
-    template <typename Act>
-    void forEachPart(Scene & scene, Act act);
-    template <typename Act>
-    void forEachPartUnder(QRect const & r, Scene & scene, Act act);
-    void flip(SelectionBand const & band, QRegion const & without);
-    QPoint offsetIn(QRect const & whole, QRect const & part) const;
+    void collect(Scene & scene, Strips const & strips, QRegion const & without = QRegion());
+    void takeOff(Scene const & scene, Strips const & strips, int strip, QRegion const & clobber);
+    void capture(Scene const & scene, int strip);
+    void draw(Scene const & scene, Strips const & strips, int strip);
+    void flip(SelectionBand const & band, Strips const & strips, int strip,
+              QRegion const & without = QRegion());
 
     WidgetSurface & m_surface;
     Damage const & m_damage;
-    QRegion const & m_clobber;
 };
 
 /// Takes the widget's own pixels under `r` into `buffer` while `scene` stands on the surface, which

@@ -18,10 +18,6 @@ constexpr double partWork = 8000;
 // From this many rectangles on, one that bounds them all is announced instead.
 constexpr size_t manyRectangles = 128;
 
-// From this many sprites on, the memory of all buffers matters more than what a sprite may find in
-// its other one.
-constexpr size_t manySprites = 256;
-
 double areaOf(QRect const & r)
 {
     return r.isEmpty() ? 0 : static_cast<double>(r.width()) * r.height();
@@ -109,7 +105,7 @@ void KSpriteLayer::PrivateData::drawContents()
         sprite->contentsDirty = false;
         sprite->drawn = true;
         sprite->contents.draw(*sprite->owner, sprite->geometry.size(), *sprite->nextBackground,
-                              ratio, sprite->nextBackground->pixels.format());
+                              ratio);
     }
 }
 
@@ -144,6 +140,19 @@ void KSpriteLayer::PrivateData::fillOldScene()
     for (Sprite * const sprite : m_stack) {
         if (sprite->shown && !sprite->shownGeometry.isEmpty())
             m_old.add(sprite->shownGeometry, sprite->savedBackground, &sprite->contents);
+    }
+}
+
+void KSpriteLayer::PrivateData::fillReadScene()
+{
+    m_read.clear();
+    qreal const ratio = surface.ratio();
+    for (Sprite * const sprite : m_stack) {
+        if (!sprite->moved)
+            continue;
+        sprite->nextBackground->ensureSize(sprite->geometry.size(), ratio, surface.format());
+        if (!sprite->geometry.isEmpty())
+            m_read.add(sprite->geometry, sprite->nextBackground, nullptr);
     }
 }
 
@@ -239,22 +248,9 @@ void KSpriteLayer::PrivateData::compose()
         return;
     }
     fillOldScene();
-    Composition pass(surface, worked, clobbered);
-    pass.takeOff(m_old);
-    for (Sprite * const sprite : m_stack) {
-        if (!sprite->moved)
-            continue;
-        // All old backgrounds are back on the screen. To read into the one that was just used keeps
-        // half as much memory warm; a picture that is drawn anew without a move then finds an older
-        // one than that of the place before.
-        if (worked.everything && m_stack.size() >= manySprites)
-            std::swap(sprite->savedBackground, sprite->nextBackground);
-        sprite->nextBackground->ensureSize(sprite->geometry.size(), surface.ratio(),
-                                           surface.format());
-        surface.copyTo(sprite->nextBackground->pixels, QPoint(), sprite->geometry);
-    }
+    fillReadScene();
     fillNextScene();
-    pass.draw(m_next);
+    Composition(surface, worked).change(m_old, m_read, m_next, clobbered);
     surface.end();
 }
 

@@ -121,8 +121,7 @@ void KSpriteLayer::PrivateData::repair()
     QRegion const late = clobbered - painted.region; // from an earlier paint event, for the commit
     m_clobbered.assign(late.begin(), late.end());
     fillOldScene();
-    QRegion const nowhere;
-    Composition(surface, painted, nowhere).capture(m_old);
+    Composition(surface, painted).capture(m_old);
     if (redrawsBlind(painted.region)) {
         surface.end();
         redrawBlind(painted.region);
@@ -130,7 +129,7 @@ void KSpriteLayer::PrivateData::repair()
             return;
         fillOldScene();
     }
-    Composition(surface, painted, nowhere).draw(m_old);
+    Composition(surface, painted).draw(m_old);
     surface.end();
 }
 
@@ -154,7 +153,7 @@ void KSpriteLayer::PrivateData::redrawBlind(QRegion const & painted)
             continue;
         sprite.blind = false;
         sprite.contents.draw(*sprite.owner, sprite.shownGeometry.size(), *sprite.savedBackground,
-                             surface.ratio(), sprite.savedBackground->pixels.format());
+                             surface.ratio());
     }
 }
 

@@ -79,6 +79,7 @@ private:
     bool needsBackground(Sprite const & sprite, QRegion const & clobbered) const;
     QRegion clobberedRegion() const;
     void fillOldScene();
+    void fillReadScene();
     void fillNextScene();
     Changes changes(QRegion const & clobbered) const;
     void addChanges(Sprite const & sprite, Changes & found) const;
@@ -92,6 +93,7 @@ private:
     std::vector<QRect> m_clobbered;        // painted by the widget and not repaired yet
     std::vector<QRect> m_clobberedPicture; // the same in the picture that is being taken of it
     Scene m_old;
+    Scene m_read; // where backgrounds are read
     Scene m_next;
     bool m_busy = false;   // a commit runs
     bool m_again = false;  // one more was asked for meanwhile

@@ -18,13 +18,6 @@ void RectIndex::clear()
     m_rects.clear();
     m_questions = 0;
     m_built = false;
-    m_bounds = QRect();
-}
-
-void RectIndex::add(QRect const & r)
-{
-    m_rects.push_back(r);
-    m_bounds |= r;
 }
 
 std::vector<int> const & RectIndex::under(QRect const & r)
@@ -80,6 +73,9 @@ void RectIndex::forEachCell(Cells const & cells, Visit visit) const
 void RectIndex::build()
 {
     m_built = true;
+    m_bounds = QRect();
+    for (QRect const & r : m_rects)
+        m_bounds |= r;
     m_cell = smallestCell;
     while (qint64(m_bounds.width() / m_cell + 1) * (m_bounds.height() / m_cell + 1) > mostCells)
         m_cell *= 2;

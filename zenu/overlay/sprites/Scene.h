@@ -1,5 +1,6 @@
 #pragma once
 
+#include "zenu/overlay/sprites/PieceList.h"
 #include "zenu/overlay/sprites/RectIndex.h"
 
 #include <QColor>
@@ -9,8 +10,8 @@
 
 namespace zenu {
 
+class BackgroundBuffer;
 class SpriteContents;
-struct BackgroundBuffer;
 
 /// A rectangle whose pixels are turned between two colours, outside of all sprites.
 struct SelectionBand
@@ -32,10 +33,10 @@ struct Scene
     struct Standing
     {
         BackgroundBuffer * background;
-        SpriteContents const * contents; // null for what is left by a sprite that is gone
+        SpriteContents * contents; // null for what is left by a sprite that is gone
     };
 
-    void add(QRect const & r, BackgroundBuffer * background, SpriteContents const * contents)
+    void add(QRect const & r, BackgroundBuffer * background, SpriteContents * contents)
     {
         rects.add(r);
         sprites.push_back({background, contents});
@@ -50,6 +51,7 @@ struct Scene
     RectIndex rects;               // of the sprites, in the same order
     std::vector<Standing> sprites; // from the bottom to the top
     SelectionBand band;
+    PieceList pieces; // of the pass that runs
 };
 
 } // namespace zenu

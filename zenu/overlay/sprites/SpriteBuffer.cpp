@@ -1,6 +1,7 @@
 #include "zenu/overlay/sprites/SpriteBuffer.h"
 
 #include <cmath>
+#include <utility>
 
 namespace zenu {
 
@@ -28,12 +29,30 @@ QSize deviceSizeOf(QSize logical, qreal ratio)
 
 void BackgroundBuffer::ensureSize(QSize wanted, qreal ratio, QImage::Format format)
 {
-    size = bufferSizeFor(wanted, size);
-    QSize const deviceSize = deviceSizeOf(size, ratio);
-    if (pixels.size() == deviceSize && pixels.format() == format)
+    m_size = bufferSizeFor(wanted, m_size);
+    QSize const deviceSize = deviceSizeOf(m_size, ratio);
+    if (m_rows.size == deviceSize && m_rows.format == format)
         return;
-    pixels = QImage(deviceSize, format);
-    pixels.fill(0);
+    QImage image(deviceSize, format);
+    image.fill(0);
+    setImage(std::move(image));
+}
+
+void BackgroundBuffer::setFormat(QImage::Format format)
+{
+    if (m_rows.format != format && m_rows.format != QImage::Format_Invalid)
+        setImage(m_image.convertToFormat(format));
+}
+
+void BackgroundBuffer::unshare()
+{
+    m_rows = m_image;
+}
+
+void BackgroundBuffer::setImage(QImage image)
+{
+    m_image = std::move(image);
+    m_rows = m_image;
 }
 
 } // namespace zenu

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "zenu/ZenuExport.h"
+#include "zenu/overlay/surface/PixelCopies.h"
 
 #include <QImage>
 #include <QSize>
@@ -15,13 +16,28 @@ ZENU_TEST_EXPORT QSize bufferSizeFor(QSize wanted, QSize current);
 ZENU_TEST_EXPORT QSize deviceSizeOf(QSize logical, qreal ratio);
 
 /// The pixels below a sprite: device pixels in the format of the surface, from (0, 0) on.
-struct BackgroundBuffer
+class BackgroundBuffer
 {
+public:
     /// Makes room for `wanted` logical pixels. What it held is lost only if it has to be replaced.
     void ensureSize(QSize wanted, qreal ratio, QImage::Format format);
 
-    QImage pixels;
-    QSize size; // logical
+    /// Converts what it holds.
+    void setFormat(QImage::Format format);
+
+    /// To be looked at. Who keeps a copy has `unshare` called before the next pass.
+    QImage const & image() const { return m_image; }
+    void unshare();
+
+    /// To be read and written.
+    PixelRows const & rows() const { return m_rows; }
+
+private:
+    void setImage(QImage image);
+
+    QImage m_image;
+    PixelRows m_rows; // of the image
+    QSize m_size;     // logical
 };
 
 } // namespace zenu

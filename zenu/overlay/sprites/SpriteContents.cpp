@@ -37,16 +37,19 @@ QPixmap pixmapOf(QImage const & pixels, qreal ratio)
 
 } // namespace
 
-void SpriteContents::draw(KSprite & sprite, QSize size, BackgroundBuffer const & background,
-                          qreal ratio, QImage::Format format)
+void SpriteContents::draw(KSprite & sprite, QSize size, BackgroundBuffer & background, qreal ratio)
 {
     if (size.isEmpty())
         return;
     ensureSize(size, ratio);
     m_pixels = QImage(); // shares the pixmap's memory
-    QPixmap const below = pixmapOf(background.pixels, ratio);
-    sprite.drawInBuffer(&m_buffer, &below);
-    takePixels(size, format);
+    m_rows = PixelRows();
+    {
+        QPixmap const below = pixmapOf(background.image(), ratio);
+        sprite.drawInBuffer(&m_buffer, &below);
+    }
+    background.unshare();
+    takePixels(size);
 }
 
 void SpriteContents::ensureSize(QSize wanted, qreal ratio)
@@ -61,7 +64,7 @@ void SpriteContents::ensureSize(QSize wanted, qreal ratio)
     m_ratio = ratio;
 }
 
-void SpriteContents::takePixels(QSize size, QImage::Format format)
+void SpriteContents::takePixels(QSize size)
 {
     m_pixels = m_buffer.toImage();
     if (m_pixels.devicePixelRatio() != 1)
@@ -70,8 +73,15 @@ void SpriteContents::takePixels(QSize size, QImage::Format format)
         m_pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
     extendEdges(m_pixels, size, m_ratio);
     m_opaque = isOpaqueIn(m_pixels, deviceSizeOf(size, m_ratio));
-    if (m_opaque && format != QImage::Format_Invalid && m_pixels.format() != format)
-        m_pixels.convertTo(format);
+    m_rows = PixelRows::readOnly(m_pixels);
+}
+
+void SpriteContents::setFormat(QImage::Format format)
+{
+    if (!m_opaque || m_rows.format == format)
+        return;
+    m_pixels.convertTo(format);
+    m_rows = PixelRows::readOnly(m_pixels);
 }
 
 void extendEdges(QImage & image, QSize size, qreal ratio)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "zenu/ZenuExport.h"
+#include "zenu/overlay/surface/PixelCopies.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -9,7 +10,7 @@
 namespace zenu {
 
 class KSprite;
-struct BackgroundBuffer;
+class BackgroundBuffer;
 
 /// The picture of a sprite: the pixmap that the sprite draws on, and the pixels of it that are laid
 /// on the surface.
@@ -17,12 +18,14 @@ class SpriteContents
 {
 public:
     /// Has `sprite` draw its picture of `size` logical pixels. Nothing is drawn for an empty size.
-    void draw(KSprite & sprite, QSize size, BackgroundBuffer const & background, qreal ratio,
-              QImage::Format format);
+    void draw(KSprite & sprite, QSize size, BackgroundBuffer & background, qreal ratio);
 
-    /// Device pixels with a ratio of 1, of the surface's format if opaque. May be larger or, if not
-    /// opaque, smaller than the sprite.
+    /// Device pixels with a ratio of 1. May be larger or, if not opaque, smaller than the sprite.
     QImage const & pixels() const { return m_pixels; }
+
+    /// The same to be read. Where the sprite is opaque it has the format that was set last.
+    PixelRows const & rows() const { return m_rows; }
+    void setFormat(QImage::Format format);
 
     /// Every pixel of the sprite covers what is below it.
     bool isOpaque() const { return m_opaque; }
@@ -32,11 +35,12 @@ public:
 
 private:
     void ensureSize(QSize wanted, qreal ratio);
-    void takePixels(QSize size, QImage::Format format);
+    void takePixels(QSize size);
 
     QPixmap m_buffer;
     QSize m_size; // of the buffer, logical
     QImage m_pixels;
+    PixelRows m_rows; // of the pixels
     qreal m_ratio = 0;
     bool m_opaque = false;
 };

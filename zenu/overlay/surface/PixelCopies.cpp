@@ -47,42 +47,44 @@ PixelBits pixelDifference(QColor const & a, QColor const & b, QImage::Format for
     return bits;
 }
 
-void flipPixels(QImage & pixels, QRect const & r, PixelBits const & bits)
+void flipPixels(PixelRows const & pixels, QRect const & r, PixelBits const & bits)
 {
     QRect const inside = r & pixels.rect();
-    int const depth = pixels.depth() / 8;
     quint32 word = 0;
     std::memcpy(&word, bits.data(), sizeof word);
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        uchar * const line = pixels.scanLine(y) + qsizetype(inside.left()) * depth;
-        if (depth == sizeof word) {
+        uchar * const line =
+            pixels.first + y * pixels.step + qsizetype(inside.left()) * pixels.depth;
+        if (pixels.depth == sizeof word) {
             auto * const words = reinterpret_cast<quint32 *>(line);
             std::for_each(words, words + inside.width(), [word](quint32 & p) { p ^= word; });
             continue;
         }
-        for (int i = 0; i < inside.width() * depth; ++i)
-            line[i] = static_cast<uchar>(line[i] ^ bits[static_cast<size_t>(i % depth)]);
+        for (int i = 0; i < inside.width() * pixels.depth; ++i)
+            line[i] = static_cast<uchar>(line[i] ^ bits[static_cast<size_t>(i % pixels.depth)]);
     }
 }
 
-void copyPixels(QImage & to, QPoint toPos, QImage const & from, QPoint fromPos, QSize size)
+void copyPixels(PixelRows const & to, QPoint toPos, PixelRows const & from, QPoint fromPos,
+                QSize size)
 {
-    QRect const readable = QRect(fromPos, size) & from.rect();
-    QRect const dest = readable.translated(toPos - fromPos) & to.rect();
-    if (dest.isEmpty())
+    int const skipX = std::max({0, -toPos.x(), -fromPos.x()});
+    int const skipY = std::max({0, -toPos.y(), -fromPos.y()});
+    int const endX =
+        std::min({size.width(), to.size.width() - toPos.x(), from.size.width() - fromPos.x()});
+    int const endY =
+        std::min({size.height(), to.size.height() - toPos.y(), from.size.height() - fromPos.y()});
+    if (endX <= skipX || endY <= skipY)
         return;
-    QPoint const first = dest.topLeft() + fromPos - toPos;
-    int const depth = to.depth() / 8;
-    auto const count = static_cast<size_t>(dest.width()) * static_cast<size_t>(depth);
-    uchar * line = to.bits() + dest.top() * to.bytesPerLine() + qsizetype(dest.left()) * depth;
+    auto const count = static_cast<size_t>(endX - skipX) * static_cast<size_t>(to.depth);
+    uchar * line =
+        to.first + (toPos.y() + skipY) * to.step + qsizetype(toPos.x() + skipX) * to.depth;
     uchar const * source =
-        from.constBits() + first.y() * from.bytesPerLine() + qsizetype(first.x()) * depth;
-    qsizetype const lineStep = to.bytesPerLine();
-    qsizetype const sourceStep = from.bytesPerLine();
-    for (int y = 0; y < dest.height(); ++y) {
+        from.first + (fromPos.y() + skipY) * from.step + qsizetype(fromPos.x() + skipX) * to.depth;
+    for (int y = skipY; y < endY; ++y) {
         copyBytes(line, source, count);
-        line += lineStep;
-        source += sourceStep;
+        line += to.step;
+        source += from.step;
     }
 }
 

@@ -1,6 +1,5 @@
 #include "zenu/overlay/surface/WidgetSurface.h"
 
-#include "zenu/overlay/surface/PixelCopies.h"
 #include "zenu/overlay/surface/StoreContents.h"
 #include "zenu/overlay/surface/SurfaceClip.h"
 
@@ -39,6 +38,8 @@ QPaintDevice * redirection(QWidget const & widget, QPoint & offset)
 // pixels, as in a scroll area, takes along every edge by as much.
 int deviceEdge(qint64 edge, qreal ratio)
 {
+    if (ratio == 1)
+        return static_cast<int>(std::clamp(edge, -qint64(farAway), qint64(farAway)));
     double const device = std::clamp(static_cast<double>(edge) * ratio, -farAway, farAway);
     return static_cast<int>(std::floor(device + 0.5));
 }
@@ -178,7 +179,7 @@ void WidgetSurface::beginKeepingPixels(QRegion const & region)
     m_store->beginPaint(region);
     if (saved.isNull() || !wrapPixels())
         return;
-    copyPixels(m_pixels, kept.topLeft(), saved, QPoint(), kept.size());
+    copyPixels(m_rows, kept.topLeft(), saved, QPoint(), kept.size());
 }
 
 // An image of our own on the store's memory: it has a paint engine of its own, so it can be drawn
@@ -190,6 +191,7 @@ bool WidgetSurface::wrapPixels()
         return false;
     m_pixels = QImage(const_cast<uchar *>(image->constBits()), image->width(), image->height(),
                       image->bytesPerLine(), image->format());
+    m_rows = m_pixels;
     return !m_pixels.isNull();
 }
 
@@ -198,7 +200,7 @@ void WidgetSurface::end()
     if (!isOpen())
         return;
     m_painter.reset();
-    m_pixels = QImage();
+    forgetPixels();
     if (m_open == Target::Screen && storeStands()) {
         m_store->endPaint();
         flush();
@@ -238,11 +240,17 @@ void WidgetSurface::forget()
     m_open = Target::None;
     m_window = nullptr;
     m_store = nullptr;
-    m_pixels = QImage();
+    forgetPixels();
     m_clip = QRegion();
     m_changed = QRegion();
     m_writable.clear();
     m_bounds = QRect();
+}
+
+void WidgetSurface::forgetPixels()
+{
+    m_pixels = QImage();
+    m_rows = PixelRows();
 }
 
 bool WidgetSurface::storeStands() const
@@ -305,7 +313,7 @@ qreal WidgetSurface::ratio() const
 
 QImage::Format WidgetSurface::format() const
 {
-    return isOpen() ? m_pixels.format() : QImage::Format_Invalid;
+    return m_rows.format;
 }
 
 QRegion WidgetSurface::clip() const
@@ -346,24 +354,34 @@ QImage WidgetSurface::copy(QRect const & r) const
 
 void WidgetSurface::copyTo(QImage & buffer, QPoint const & at, QRect const & r) const
 {
-    if (!isUsable() || buffer.format() != m_pixels.format())
-        return;
-    QRect const from = device(r);
-    copyPixels(buffer, at, m_pixels, from.topLeft(), from.size());
+    if (isUsable())
+        copyPixelsTo(buffer, at, device(r));
+}
+
+void WidgetSurface::copyPixelsTo(PixelRows const & buffer, QPoint const & at,
+                                 QRect const & pixels) const
+{
+    if (isUsable() && buffer.format == m_rows.format)
+        copyPixels(buffer, at, m_rows, pixels.topLeft(), pixels.size());
 }
 
 void WidgetSurface::put(QImage const & buffer, QPoint const & at, QRect const & r)
 {
     if (!isUsable() || buffer.isNull())
         return;
-    if (buffer.format() != m_pixels.format()) {
-        put(buffer.convertToFormat(m_pixels.format()), at, r);
+    if (buffer.format() == m_rows.format)
+        putPixels(PixelRows::readOnly(buffer), at, device(r));
+    else
+        put(buffer.convertToFormat(m_rows.format), at, r);
+}
+
+void WidgetSurface::putPixels(PixelRows const & buffer, QPoint const & at, QRect const & pixels)
+{
+    if (!isUsable() || buffer.format != m_rows.format)
         return;
-    }
-    QRect const whole = device(r);
     for (QRect const & writable : m_writable) {
-        QRect const to = whole & writable;
-        copyPixels(m_pixels, to.topLeft(), buffer, at + to.topLeft() - whole.topLeft(), to.size());
+        QRect const to = pixels & writable;
+        copyPixels(m_rows, to.topLeft(), buffer, at + to.topLeft() - pixels.topLeft(), to.size());
     }
 }
 
@@ -390,19 +408,23 @@ void WidgetSurface::blend(QPixmap const & image, QRect const & r)
 
 void WidgetSurface::blend(QImage const & image, QPoint const & at, QRect const & r)
 {
+    blendPixels(image, at, device(r));
+}
+
+void WidgetSurface::blendPixels(QImage const & image, QPoint const & at, QRect const & pixels)
+{
     if (!isUsable() || image.isNull())
         return;
-    QRect const to = device(r);
-    clippedPainter().drawImage(to.topLeft(), image, QRect(at, to.size()) & image.rect());
+    clippedPainter().drawImage(pixels.topLeft(), image, QRect(at, pixels.size()) & image.rect());
 }
 
 void WidgetSurface::flip(QRegion const & r, QColor const & a, QColor const & b)
 {
     if (!isUsable())
         return;
-    PixelBits const bits = pixelDifference(a, b, m_pixels.format());
+    PixelBits const bits = pixelDifference(a, b, m_rows.format);
     for (QRect const & part : (m_clip & m_bounds) & r)
-        flipPixels(m_pixels, device(part), bits);
+        flipPixels(m_rows, device(part), bits);
 }
 
 } // namespace zenu

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "zenu/ZenuExport.h"
+#include "zenu/overlay/surface/PixelCopies.h"
 
 #include <QtCore/QPoint>
 #include <QtCore/QPointer>
@@ -106,6 +107,12 @@ public:
     /// The same with pixels of an image from `at` on, as in `put`.
     void blend(QImage const & image, QPoint const & at, QRect const & r);
 
+    /// The same for `device(r)` itself, asked for once and used often. Buffers that are not of the
+    /// store's format are left alone.
+    void copyPixelsTo(PixelRows const & buffer, QPoint const & at, QRect const & pixels) const;
+    void putPixels(PixelRows const & buffer, QPoint const & at, QRect const & pixels);
+    void blendPixels(QImage const & image, QPoint const & at, QRect const & pixels);
+
     /// Turns `a` into `b` and `b` into `a` by XOR with their difference, as far as the clip lets
     /// it; a second call undoes the first. The alpha of colours and pixels plays no part.
     void flip(QRegion const & r, QColor const & a, QColor const & b);
@@ -126,6 +133,7 @@ private:
     void beginKeepingPixels(QRegion const & region);
     void flush();
     void forget();
+    void forgetPixels();
     bool isUsable() const;
     bool storeStands() const;
     QPainter & clippedPainter();
@@ -136,7 +144,8 @@ private:
     QBackingStore * m_store = nullptr; // the window's while open
     Target m_open = Target::None;
     Frame m_frame;
-    QImage m_pixels; // wraps the memory of the store while open
+    QImage m_pixels;  // wraps the memory of the store while open
+    PixelRows m_rows; // the same
     QRegion m_clip;
     QRect m_bounds; // of what was announced to begin
     QRegion m_changed;
