@@ -65,6 +65,7 @@ void Composition::change(Scene & from, Scene & read, Scene & to, QRegion const &
 {
     Strips const strips =
         m_damage.everything ? stripsFor(m_surface, {&from, &read, &to}) : Strips();
+    ensureBuffers(read);
     collect(from, strips, clobber);
     collect(to, strips);
     read.pieces.collect(m_surface, read, strips);
@@ -77,11 +78,8 @@ void Composition::change(Scene & from, Scene & read, Scene & to, QRegion const &
 
 void Composition::capture(Scene & scene)
 {
+    ensureBuffers(scene);
     collect(scene, Strips());
-    for (int i = 0; i < scene.rects.count(); ++i) {
-        scene.sprites[static_cast<size_t>(i)].background->ensureSize(
-            scene.rects.at(i).size(), m_surface.ratio(), m_surface.format());
-    }
     capture(scene, 0);
 }
 
@@ -89,6 +87,16 @@ void Composition::draw(Scene & scene)
 {
     collect(scene, Strips());
     draw(scene, Strips(), 0);
+}
+
+void Composition::ensureBuffers(Scene & scene)
+{
+    qreal const ratio = m_surface.ratio();
+    QImage::Format const format = m_surface.format();
+    for (int i = 0; i < scene.rects.count(); ++i) {
+        scene.sprites[static_cast<size_t>(i)].background->ensureSize(scene.rects.at(i).size(),
+                                                                     ratio, format);
+    }
 }
 
 void Composition::collect(Scene & scene, Strips const & strips, QRegion const & without)

@@ -13,8 +13,8 @@ class WidgetSurface;
 /// The part of the widget that a pass works on.
 struct Damage
 {
-    bool everything = false; // all sprites are taken off and drawn as wholes
-    QRegion region;          // otherwise what is within it
+    bool everything = false; // all sprites are taken off and drawn as wholes, else
+    QRegion region;          // what is within it
 };
 
 /// Takes scenes off an open surface and lays them on it: the band first, then pictures upwards.
@@ -40,6 +40,7 @@ public:
 private:
     void collect(Scene & scene, Strips const & strips, QRegion const & without = QRegion());
     void takeOff(Scene const & scene, Strips const & strips, int strip, QRegion const & clobber);
+    void ensureBuffers(Scene & scene);
     void capture(Scene const & scene, int strip);
     void draw(Scene const & scene, Strips const & strips, int strip);
     void flip(SelectionBand const & band, Strips const & strips, int strip,

@@ -6,6 +6,8 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <climits>
+#include <initializer_list>
 
 namespace zenu {
 
@@ -16,21 +18,58 @@ constexpr double spriteWork = 1000;
 constexpr double partWork = 8000;
 
 // From this many rectangles on, one that bounds them all is announced instead.
-constexpr size_t manyRectangles = 128;
+constexpr int manyRectangles = 128;
 
 double areaOf(QRect const & r)
 {
     return r.isEmpty() ? 0 : static_cast<double>(r.width()) * r.height();
 }
 
-QRegion boundedUnionOf(std::vector<QRect> const & rects)
+// A rectangle that grows quickly.
+class Bounds
 {
-    if (rects.size() <= manyRectangles)
-        return unionOf(rects);
-    QRect bounds;
-    for (QRect const & r : rects)
-        bounds |= r;
-    return bounds;
+public:
+    void add(QRect const & r)
+    {
+        if (r.isEmpty())
+            return;
+        m_left = std::min(m_left, r.left());
+        m_top = std::min(m_top, r.top());
+        m_right = std::max(m_right, r.right());
+        m_bottom = std::max(m_bottom, r.bottom());
+    }
+    QRect rect() const
+    {
+        return m_left > m_right ? QRect() : QRect(QPoint(m_left, m_top), QPoint(m_right, m_bottom));
+    }
+
+private:
+    int m_left = INT_MAX;
+    int m_top = INT_MAX;
+    int m_right = INT_MIN;
+    int m_bottom = INT_MIN;
+};
+
+// Of all sprites and the bands.
+QRegion regionOf(std::initializer_list<Scene const *> scenes)
+{
+    int count = 0;
+    for (Scene const * const scene : scenes)
+        count += scene->rects.count();
+    std::vector<QRect> rects;
+    Bounds bounds;
+    auto const add = [&](QRect const & r) {
+        if (count > manyRectangles)
+            bounds.add(r);
+        else
+            rects.push_back(r);
+    };
+    for (Scene const * const scene : scenes) {
+        add(scene->band.rect);
+        for (int i = 0; i < scene->rects.count(); ++i)
+            add(scene->rects.at(i));
+    }
+    return count > manyRectangles ? QRegion(bounds.rect()) : unionOf(rects);
 }
 
 bool isBelow(KSprite::PrivateData const * a, KSprite::PrivateData const * b)
@@ -146,12 +185,8 @@ void KSpriteLayer::PrivateData::fillOldScene()
 void KSpriteLayer::PrivateData::fillReadScene()
 {
     m_read.clear();
-    qreal const ratio = surface.ratio();
     for (Sprite * const sprite : m_stack) {
-        if (!sprite->moved)
-            continue;
-        sprite->nextBackground->ensureSize(sprite->geometry.size(), ratio, surface.format());
-        if (!sprite->geometry.isEmpty())
+        if (sprite->moved)
             m_read.add(sprite->geometry, sprite->nextBackground, nullptr);
     }
 }
@@ -172,64 +207,66 @@ void KSpriteLayer::PrivateData::fillNextScene()
     }
 }
 
-void KSpriteLayer::PrivateData::addChanges(Sprite const & sprite, Changes & found) const
+// On the screen, or in the background that is read for it.
+bool KSpriteLayer::PrivateData::isChanged(Sprite const & sprite) const
 {
     bool const before = shown && sprite.shown;
     bool const after = wantShown && sprite.wantShown;
-    QRect const both = (before ? sprite.shownGeometry : QRect()) |
-                       (after || sprite.moved ? sprite.geometry : QRect());
-    double const work = (before ? areaOf(sprite.shownGeometry) : 0) +
-                        (after || sprite.moved ? areaOf(sprite.geometry) : 0);
-    if (both.isEmpty())
-        return;
-    if (before)
-        found.all.push_back(sprite.shownGeometry);
-    if (after || sprite.moved)
-        found.all.push_back(sprite.geometry);
-    found.allWork += work + spriteWork;
-    if (before == after && !sprite.moved && !sprite.drawn &&
-        (!after || sprite.priority == sprite.shownPriority))
-        return;
-    found.changedWork += work + partWork;
-    if (before)
-        found.rects.push_back(sprite.shownGeometry);
-    if ((after || sprite.moved) && !(before && sprite.geometry == sprite.shownGeometry))
-        found.rects.push_back(sprite.geometry);
+    return before != after || sprite.moved || sprite.drawn ||
+           (after && sprite.priority != sprite.shownPriority);
 }
 
-KSpriteLayer::PrivateData::Changes
-KSpriteLayer::PrivateData::changes(QRegion const & clobbered) const
+// Its committed rectangle where it stands, its target where it will stand or reads a background.
+KSpriteLayer::PrivateData::Places KSpriteLayer::PrivateData::placesOf(Sprite const & sprite) const
 {
-    Changes found;
-    for (Sprite const * const sprite : m_stack)
-        addChanges(*sprite, found);
-    for (Leftover const & left : m_leftovers) {
-        found.rects.push_back(left.rect);
-        found.all.push_back(left.rect);
-    }
-    found.rects.insert(found.rects.end(), clobbered.begin(), clobbered.end());
-    QRect const before = shown ? withinReach(band.rect) : QRect();
-    QRect const after = wantShown ? withinReach(nextBand.rect) : QRect();
-    found.all.insert(found.all.end(), clobbered.begin(), clobbered.end());
-    found.all.push_back(before);
-    found.all.push_back(after);
-    found.allWork += areaOf(before) + areaOf(after);
-    QRegion const bands = colorsChanged ? QRegion(before) + after : QRegion(before) ^ after;
-    for (QRect const & r : bands) {
-        found.rects.push_back(r);
-        found.changedWork += areaOf(r);
-    }
-    return found;
+    Places places;
+    if (shown && sprite.shown)
+        places.before = sprite.shownGeometry;
+    if ((wantShown && sprite.wantShown) || sprite.moved)
+        places.after = sprite.geometry;
+    return places;
+}
+
+QRegion KSpriteLayer::PrivateData::changedBand() const
+{
+    QRect const before = m_old.band.rect;
+    QRect const after = m_next.band.rect;
+    return colorsChanged ? QRegion(before) + after : QRegion(before) ^ after;
 }
 
 // Where much changes, all of it costs less than finding out what has to be cut where.
-Damage KSpriteLayer::PrivateData::damage(Changes const & found) const
+bool KSpriteLayer::PrivateData::changesMuch() const
 {
-    Damage result;
-    result.everything = found.allWork <= found.changedWork;
-    if (!result.everything)
-        result.region = unionOf(found.rects);
-    return result;
+    double changedWork = 0;
+    double allWork = areaOf(m_old.band.rect) + areaOf(m_next.band.rect);
+    for (Sprite const * const sprite : m_stack) {
+        Places const places = placesOf(*sprite);
+        double const work = areaOf(places.before) + areaOf(places.after);
+        if (work == 0)
+            continue;
+        allWork += work + spriteWork;
+        if (isChanged(*sprite))
+            changedWork += work + partWork;
+    }
+    for (QRect const & r : changedBand())
+        changedWork += areaOf(r);
+    return changedWork > 0 && allWork <= changedWork;
+}
+
+QRegion KSpriteLayer::PrivateData::changedRegion(QRegion const & clobbered) const
+{
+    std::vector<QRect> rects;
+    for (Sprite const * const sprite : m_stack) {
+        if (!isChanged(*sprite))
+            continue;
+        Places const places = placesOf(*sprite);
+        rects.push_back(places.before);
+        if (places.after != places.before)
+            rects.push_back(places.after);
+    }
+    for (Leftover const & left : m_leftovers)
+        rects.push_back(left.rect);
+    return unionOf(rects) + clobbered + changedBand();
 }
 
 void KSpriteLayer::PrivateData::compose()
@@ -237,20 +274,21 @@ void KSpriteLayer::PrivateData::compose()
     QRegion const clobbered = clobberedRegion();
     for (Sprite * const sprite : m_stack)
         sprite->moved = needsBackground(*sprite, clobbered);
-    Changes const found = changes(clobbered);
-    if (found.rects.empty())
-        return;
-    Damage const worked = damage(found);
-    QRegion const touched = worked.everything ? boundedUnionOf(found.all) : worked.region;
-    if (!surface.begin(touched)) {
-        if (surface.host() && surface.host()->isVisible())
-            surface.host()->update(touched);
-        return;
-    }
     fillOldScene();
     fillReadScene();
     fillNextScene();
-    Composition(surface, worked).change(m_old, m_read, m_next, clobbered);
+    Damage damage;
+    damage.everything = changesMuch();
+    damage.region = damage.everything ? regionOf({&m_old, &m_read, &m_next}) + clobbered
+                                      : changedRegion(clobbered);
+    if (damage.region.isEmpty())
+        return;
+    if (!surface.begin(damage.region)) {
+        if (surface.host() && surface.host()->isVisible())
+            surface.host()->update(damage.region);
+        return;
+    }
+    Composition(surface, damage).change(m_old, m_read, m_next, clobbered);
     surface.end();
 }
 

@@ -51,12 +51,10 @@ private:
         BackgroundBuffer background;
     };
 
-    struct Changes // of the commit that runs
+    struct Places // of a sprite in the commit that runs; null for none
     {
-        std::vector<QRect> rects; // where the screen changes, or a background is read
-        std::vector<QRect> all;   // the same of all that stands or will stand
-        double changedWork = 0;   // what drawing these alone costs
-        double allWork = 0;       // what drawing everything costs
+        QRect before;
+        QRect after;
     };
 
     void repair();
@@ -81,9 +79,11 @@ private:
     void fillOldScene();
     void fillReadScene();
     void fillNextScene();
-    Changes changes(QRegion const & clobbered) const;
-    void addChanges(Sprite const & sprite, Changes & found) const;
-    Damage damage(Changes const & found) const;
+    bool isChanged(Sprite const & sprite) const;
+    Places placesOf(Sprite const & sprite) const;
+    QRegion changedBand() const;
+    bool changesMuch() const;
+    QRegion changedRegion(QRegion const & clobbered) const;
     bool isBandUnchanged() const;
 
     std::vector<Sprite *> m_sprites;  // in order of addition

@@ -361,7 +361,7 @@ void WidgetSurface::copyTo(QImage & buffer, QPoint const & at, QRect const & r) 
 void WidgetSurface::copyPixelsTo(PixelRows const & buffer, QPoint const & at,
                                  QRect const & pixels) const
 {
-    if (isUsable() && buffer.format == m_rows.format)
+    if (buffer.format == m_rows.format)
         copyPixels(buffer, at, m_rows, pixels.topLeft(), pixels.size());
 }
 
@@ -377,7 +377,7 @@ void WidgetSurface::put(QImage const & buffer, QPoint const & at, QRect const & 
 
 void WidgetSurface::putPixels(PixelRows const & buffer, QPoint const & at, QRect const & pixels)
 {
-    if (!isUsable() || buffer.format != m_rows.format)
+    if (buffer.format != m_rows.format)
         return;
     for (QRect const & writable : m_writable) {
         QRect const to = pixels & writable;

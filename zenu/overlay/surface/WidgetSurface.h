@@ -107,8 +107,8 @@ public:
     /// The same with pixels of an image from `at` on, as in `put`.
     void blend(QImage const & image, QPoint const & at, QRect const & r);
 
-    /// The same for `device(r)` itself, asked for once and used often. Buffers that are not of the
-    /// store's format are left alone.
+    /// The same for `device(r)` itself, asked for once and used often, without a look at whether
+    /// the window still stands. Buffers that are not of the store's format are left alone.
     void copyPixelsTo(PixelRows const & buffer, QPoint const & at, QRect const & pixels) const;
     void putPixels(PixelRows const & buffer, QPoint const & at, QRect const & pixels);
     void blendPixels(QImage const & image, QPoint const & at, QRect const & pixels);
