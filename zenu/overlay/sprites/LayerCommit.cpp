@@ -1,12 +1,10 @@
 // The commit: from the committed state to the target state.
 
 #include "zenu/overlay/sprites/LayerPrivate.h"
-#include "zenu/overlay/sprites/RegionUnion.h"
 
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <climits>
 #include <initializer_list>
 
 namespace zenu {
@@ -24,31 +22,6 @@ double areaOf(QRect const & r)
 {
     return r.isEmpty() ? 0 : static_cast<double>(r.width()) * r.height();
 }
-
-// A rectangle that grows quickly.
-class Bounds
-{
-public:
-    void add(QRect const & r)
-    {
-        if (r.isEmpty())
-            return;
-        m_left = std::min(m_left, r.left());
-        m_top = std::min(m_top, r.top());
-        m_right = std::max(m_right, r.right());
-        m_bottom = std::max(m_bottom, r.bottom());
-    }
-    QRect rect() const
-    {
-        return m_left > m_right ? QRect() : QRect(QPoint(m_left, m_top), QPoint(m_right, m_bottom));
-    }
-
-private:
-    int m_left = INT_MAX;
-    int m_top = INT_MAX;
-    int m_right = INT_MIN;
-    int m_bottom = INT_MIN;
-};
 
 // Of all sprites and the bands.
 QRegion regionOf(std::initializer_list<Scene const *> scenes)
@@ -152,6 +125,7 @@ void KSpriteLayer::PrivateData::drawContents()
 // runs nobody may see a scene in pieces.
 void KSpriteLayer::PrivateData::readForContents(std::vector<Sprite *> const & dirty)
 {
+    leaveArea();
     bool const open = surface.begin(QRegion());
     QRegion const clobbered = clobberedRegion();
     fillOldScene();
@@ -173,7 +147,7 @@ void KSpriteLayer::PrivateData::fillOldScene()
     if (!shown)
         return;
     m_old.band = band;
-    m_old.band.rect = withinReach(band.rect);
+    m_old.band.rect = bandBefore();
     for (Leftover & left : m_leftovers)
         m_old.add(left.rect, &left.background, nullptr);
     for (Sprite * const sprite : m_stack) {
@@ -197,7 +171,7 @@ void KSpriteLayer::PrivateData::fillNextScene()
     if (!wantShown)
         return;
     m_next.band = nextBand;
-    m_next.band.rect = withinReach(nextBand.rect);
+    m_next.band.rect = bandAfter();
     for (Sprite * const sprite : m_stack) {
         if (sprite->wantShown && !sprite->geometry.isEmpty()) {
             m_next.add(sprite->geometry,
@@ -205,6 +179,25 @@ void KSpriteLayer::PrivateData::fillNextScene()
                        &sprite->contents);
         }
     }
+}
+
+void KSpriteLayer::PrivateData::fillScenes()
+{
+    fillNextScene();
+    bool const isHeld = m_area.state() == AreaBackground::State::Held;
+    if (isHeld) {
+        m_old.clear();
+        m_old.add(m_area.rect(), &m_area.pixels(), nullptr);
+    } else {
+        fillOldScene();
+    }
+    if (m_area.state() == AreaBackground::State::None) {
+        fillReadScene();
+        return;
+    }
+    m_read.clear();
+    if (!isHeld)
+        m_read.add(m_area.rect(), &m_area.pixels(), nullptr);
 }
 
 // On the screen, or in the background that is read for it.
@@ -227,30 +220,47 @@ KSpriteLayer::PrivateData::Places KSpriteLayer::PrivateData::placesOf(Sprite con
     return places;
 }
 
-QRegion KSpriteLayer::PrivateData::changedBand() const
+QRect KSpriteLayer::PrivateData::bandBefore() const
 {
-    QRect const before = m_old.band.rect;
-    QRect const after = m_next.band.rect;
-    return colorsChanged ? QRegion(before) + after : QRegion(before) ^ after;
+    return shown ? withinReach(band.rect) : QRect();
 }
 
-// Where much changes, all of it costs less than finding out what has to be cut where.
-bool KSpriteLayer::PrivateData::changesMuch() const
+QRect KSpriteLayer::PrivateData::bandAfter() const
 {
-    double changedWork = 0;
-    double allWork = areaOf(m_old.band.rect) + areaOf(m_next.band.rect);
+    return wantShown ? withinReach(nextBand.rect) : QRect();
+}
+
+QRegion KSpriteLayer::PrivateData::changedBand() const
+{
+    return colorsChanged ? QRegion(bandBefore()) + bandAfter()
+                         : QRegion(bandBefore()) ^ bandAfter();
+}
+
+KSpriteLayer::PrivateData::Load KSpriteLayer::PrivateData::load() const
+{
+    Load load;
+    load.all = areaOf(bandBefore()) + areaOf(bandAfter());
     for (Sprite const * const sprite : m_stack) {
         Places const places = placesOf(*sprite);
-        double const work = areaOf(places.before) + areaOf(places.after);
-        if (work == 0)
+        double const pixels = areaOf(places.before) + areaOf(places.after);
+        if (pixels == 0)
             continue;
-        allWork += work + spriteWork;
+        load.bounds.add(places.before);
+        load.bounds.add(places.after);
+        load.pixels += pixels;
+        load.all += pixels + spriteWork;
         if (isChanged(*sprite))
-            changedWork += work + partWork;
+            load.changed += pixels + partWork;
     }
     for (QRect const & r : changedBand())
-        changedWork += areaOf(r);
-    return changedWork > 0 && allWork <= changedWork;
+        load.changed += areaOf(r);
+    return load;
+}
+
+// Then all of it costs less than finding out what has to be cut where.
+bool KSpriteLayer::PrivateData::isMuch(Load const & load)
+{
+    return load.changed > 0 && load.all <= load.changed;
 }
 
 QRegion KSpriteLayer::PrivateData::changedRegion(QRegion const & clobbered) const
@@ -274,22 +284,24 @@ void KSpriteLayer::PrivateData::compose()
     QRegion const clobbered = clobberedRegion();
     for (Sprite * const sprite : m_stack)
         sprite->moved = needsBackground(*sprite, clobbered);
-    fillOldScene();
-    fillReadScene();
-    fillNextScene();
+    Load const work = load();
+    chooseArea(work, clobbered);
+    fillScenes();
     Damage damage;
-    damage.everything = changesMuch();
+    damage.everything = isMuch(work);
     damage.region = damage.everything ? regionOf({&m_old, &m_read, &m_next}) + clobbered
                                       : changedRegion(clobbered);
     if (damage.region.isEmpty())
         return;
     if (!surface.begin(damage.region)) {
+        leaveArea();
         if (surface.host() && surface.host()->isVisible())
             surface.host()->update(damage.region);
         return;
     }
     Composition(surface, damage).change(m_old, m_read, m_next, clobbered);
     surface.end();
+    holdArea();
 }
 
 void KSpriteLayer::PrivateData::commitState()

@@ -1,7 +1,6 @@
 #include "zenu/overlay/sprites/LayerPrivate.h"
 
 #include "zenu/overlay/sprites/LayerPicture.h"
-#include "zenu/overlay/sprites/RegionUnion.h"
 
 #include <QMetaObject>
 #include <QWidget>
@@ -34,6 +33,8 @@ void KSpriteLayer::PrivateData::add(KSpriteLayer * layer, Sprite & sprite)
     sprite.wantShown = false;
     sprite.needsBackground = false;
     sprite.contentsDirty = false;
+    sprite.backgroundA.setElsewhere(QRect());
+    sprite.backgroundB.setElsewhere(QRect());
 }
 
 void KSpriteLayer::PrivateData::remove(Sprite & sprite)
@@ -50,6 +51,7 @@ void KSpriteLayer::PrivateData::release(Sprite & sprite)
     if (std::erase(m_sprites, &sprite) == 0)
         return;
     std::erase(m_stack, &sprite);
+    m_area.complete(surface, *sprite.savedBackground);
     if (shown && sprite.shown && !sprite.shownGeometry.isEmpty())
         m_leftovers.push_back({sprite.shownGeometry, std::move(*sprite.savedBackground)});
 }
@@ -57,6 +59,7 @@ void KSpriteLayer::PrivateData::release(Sprite & sprite)
 void KSpriteLayer::PrivateData::wantAll()
 {
     wantShown = true;
+    leaveArea();
     for (Sprite * const sprite : m_sprites)
         sprite->needsBackground = sprite->wantShown;
 }
@@ -115,7 +118,10 @@ QRegion KSpriteLayer::PrivateData::clobberedRegion() const
 void KSpriteLayer::PrivateData::repair()
 {
     QRegion const clobbered = clobberedRegion();
-    if (clobbered.isEmpty() || !surface.begin(clobbered))
+    if (clobbered.isEmpty())
+        return;
+    leaveArea();
+    if (!surface.begin(clobbered))
         return;
     Damage const painted{false, clobbered & surface.clip()};
     QRegion const late = clobbered - painted.region; // from an earlier paint event, for the commit

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "zenu/overlay/KSpriteLayer.h"
+#include "zenu/overlay/sprites/AreaBackground.h"
 #include "zenu/overlay/sprites/Composition.h"
+#include "zenu/overlay/sprites/RegionUnion.h"
 #include "zenu/overlay/sprites/Scene.h"
 #include "zenu/overlay/sprites/SpritePrivate.h"
 #include "zenu/overlay/surface/WidgetSurface.h"
@@ -57,6 +59,14 @@ private:
         QRect after;
     };
 
+    struct Load // of that commit, as counts of pixels
+    {
+        double changed = 0; // what drawing that alone which changed costs
+        double all = 0;     // what drawing everything costs
+        double pixels = 0;  // of all sprites, at their places before and after
+        Bounds bounds;      // of these places
+    };
+
     void repair();
     static bool isBlindIn(QRegion const & painted, Sprite const & sprite);
     bool redrawsBlind(QRegion const & painted) const;
@@ -79,11 +89,20 @@ private:
     void fillOldScene();
     void fillReadScene();
     void fillNextScene();
+    void fillScenes();
     bool isChanged(Sprite const & sprite) const;
     Places placesOf(Sprite const & sprite) const;
+    QRect bandBefore() const;
+    QRect bandAfter() const;
     QRegion changedBand() const;
-    bool changesMuch() const;
+    Load load() const;
+    static bool isMuch(Load const & load);
     QRegion changedRegion(QRegion const & clobbered) const;
+
+    bool isDense(Load const & load, QRegion const & clobbered) const;
+    void chooseArea(Load const & load, QRegion const & clobbered);
+    void leaveArea();
+    void holdArea();
     bool isBandUnchanged() const;
 
     std::vector<Sprite *> m_sprites;  // in order of addition
@@ -95,10 +114,12 @@ private:
     Scene m_old;
     Scene m_read; // where backgrounds are read
     Scene m_next;
-    bool m_busy = false;   // a commit runs
-    bool m_again = false;  // one more was asked for meanwhile
-    bool m_posted = false; // one is on its way
-    QObject m_receiver;    // of the posted call
+    AreaBackground m_area;
+    int m_denseCommits = 0; // without a break
+    bool m_busy = false;    // a commit runs
+    bool m_again = false;   // one more was asked for meanwhile
+    bool m_posted = false;  // one is on its way
+    QObject m_receiver;     // of the posted call
 };
 
 } // namespace zenu

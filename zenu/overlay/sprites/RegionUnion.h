@@ -4,6 +4,8 @@
 
 #include <QRegion>
 
+#include <algorithm>
+#include <climits>
 #include <vector>
 
 namespace zenu {
@@ -11,5 +13,30 @@ namespace zenu {
 /// The union of rectangles, made in pairs: adding one after the other would take the square of
 /// their number.
 ZENU_TEST_EXPORT QRegion unionOf(std::vector<QRect> const & rects);
+
+/// The rectangle around many, without a call for each.
+class Bounds
+{
+public:
+    void add(QRect const & r)
+    {
+        if (r.isEmpty())
+            return;
+        m_left = std::min(m_left, r.left());
+        m_top = std::min(m_top, r.top());
+        m_right = std::max(m_right, r.right());
+        m_bottom = std::max(m_bottom, r.bottom());
+    }
+    QRect rect() const
+    {
+        return m_left > m_right ? QRect() : QRect(QPoint(m_left, m_top), QPoint(m_right, m_bottom));
+    }
+
+private:
+    int m_left = INT_MAX;
+    int m_top = INT_MAX;
+    int m_right = INT_MIN;
+    int m_bottom = INT_MIN;
+};
 
 } // namespace zenu

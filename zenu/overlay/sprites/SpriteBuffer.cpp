@@ -29,6 +29,7 @@ QSize deviceSizeOf(QSize logical, qreal ratio)
 
 void BackgroundBuffer::ensureSize(QSize wanted, qreal ratio, QImage::Format format)
 {
+    m_elsewhere = QRect();
     m_size = bufferSizeFor(wanted, m_size);
     QSize const deviceSize = deviceSizeOf(m_size, ratio);
     if (m_rows.size == deviceSize && m_rows.format == format)

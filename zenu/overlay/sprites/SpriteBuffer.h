@@ -4,6 +4,7 @@
 #include "zenu/overlay/surface/PixelCopies.h"
 
 #include <QImage>
+#include <QRect>
 #include <QSize>
 
 namespace zenu {
@@ -32,12 +33,18 @@ public:
     /// To be read and written.
     PixelRows const & rows() const { return m_rows; }
 
+    /// What it would hold lies elsewhere, taken from this rectangle of the widget. Null again once
+    /// room is made for what is to come here.
+    void setElsewhere(QRect const & place) { m_elsewhere = place; }
+    QRect const & elsewhere() const { return m_elsewhere; }
+
 private:
     void setImage(QImage image);
 
     QImage m_image;
     PixelRows m_rows; // of the image
     QSize m_size;     // logical
+    QRect m_elsewhere;
 };
 
 } // namespace zenu

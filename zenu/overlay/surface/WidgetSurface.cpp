@@ -23,6 +23,8 @@ constexpr int manyRectangles = 64;
 // Keeps sums and products of device coordinates within an int.
 constexpr double farAway = 1 << 29;
 
+quint64 writeCount = 0;
+
 struct OpenedWidget : QWidget
 {
     using QWidget::redirected;
@@ -201,11 +203,18 @@ void WidgetSurface::end()
         return;
     m_painter.reset();
     forgetPixels();
+    if (!m_changed.isEmpty())
+        ++writeCount;
     if (m_open == Target::Screen && storeStands()) {
         m_store->endPaint();
         flush();
     }
     forget();
+}
+
+quint64 WidgetSurface::writes()
+{
+    return writeCount;
 }
 
 void WidgetSurface::flush()

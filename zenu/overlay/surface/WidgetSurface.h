@@ -74,6 +74,10 @@ public:
 
     bool isOpen() const { return m_open != Target::None; }
 
+    /// How often anything was written on any surface up to now: who keeps what it has read can tell
+    /// whether somebody else has drawn since.
+    static quint64 writes();
+
     /// Where a rectangle of the widget lies in its window, in device pixels. Adjacent rectangles
     /// stay adjacent, so the size depends on the position where the ratio is fractional. Also
     /// answered while closed, and without a surface (then with the ratio of the widget).

@@ -1,0 +1,63 @@
+// When all sprites have one background in common.
+
+#include "zenu/overlay/sprites/LayerPrivate.h"
+
+namespace zenu {
+
+namespace {
+
+// Entering takes a pass of its own price, so what happens once is not worth it.
+constexpr int commitsBefore = 3;
+
+// How far sprites may go beyond where they stood before another area is entered.
+constexpr int margin = 64;
+
+double areaOf(QRect const & r)
+{
+    return static_cast<double>(r.width()) * r.height();
+}
+
+} // namespace
+
+// The band would have to be flipped on it, and what the widget has painted be read.
+bool KSpriteLayer::PrivateData::isDense(Load const & load, QRegion const & clobbered) const
+{
+    return isMuch(load) && shown && wantShown && bandBefore().isEmpty() && bandAfter().isEmpty() &&
+           clobbered.isEmpty() && m_leftovers.empty() && areaOf(load.bounds.rect()) <= load.pixels;
+}
+
+void KSpriteLayer::PrivateData::chooseArea(Load const & load, QRegion const & clobbered)
+{
+    bool const dense = isDense(load, clobbered);
+    m_denseCommits = dense ? m_denseCommits + 1 : 0;
+    QRect const bounds = load.bounds.rect();
+    if (!dense || !m_area.isGood(surface) || !m_area.rect().contains(bounds))
+        leaveArea();
+    if (m_area.state() == AreaBackground::State::None && m_denseCommits > commitsBefore)
+        m_area.enter(bounds.adjusted(-margin, -margin, margin, margin));
+}
+
+void KSpriteLayer::PrivateData::leaveArea()
+{
+    if (m_area.state() == AreaBackground::State::None)
+        return;
+    for (Sprite * const sprite : m_sprites) {
+        m_area.complete(surface, *sprite->savedBackground);
+        m_area.complete(surface, *sprite->nextBackground);
+    }
+    m_area.leave();
+}
+
+// After a pass: the backgrounds that it would have read are in the area.
+void KSpriteLayer::PrivateData::holdArea()
+{
+    if (m_area.state() == AreaBackground::State::None)
+        return;
+    m_area.hold(surface);
+    for (Sprite * const sprite : m_stack) {
+        if (sprite->moved)
+            sprite->nextBackground->setElsewhere(sprite->geometry);
+    }
+}
+
+} // namespace zenu
