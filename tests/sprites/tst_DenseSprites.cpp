@@ -1,6 +1,8 @@
 #include "tests/sprites/Reference.h"
 #include "tests/support/TestMain.h"
 
+#include <zenu/overlay/sprites/PieceList.h>
+
 #include <memory>
 #include <random>
 
@@ -18,6 +20,10 @@ private Q_SLOTS:
     void drift_everyPixelIsRight();
     void drift_seeThroughAndHoles_everyPixelIsRight();
     void drift_beyondTheHost_everyPixelIsRight();
+    void drift_toAnotherPartOfTheHost_everyPixelIsRight();
+    void drift_largeSprites_everyPixelIsRight_data();
+    void drift_largeSprites_everyPixelIsRight();
+    void strips_coverEveryRowOnce();
     void hostPaints_newPictureLiesBelow();
     void hostPaints_announcedAfterwards_newPictureLiesBelow();
     void hostPaints_spritesFarFromIt_newPictureStays();
@@ -165,6 +171,87 @@ void tst_DenseSprites::drift_beyondTheHost_everyPixelIsRight()
             m_reference.sprites[i].target.translate(by);
         }
         commit();
+    }
+}
+
+// More than once around what is kept beside the sprites.
+void tst_DenseSprites::drift_toAnotherPartOfTheHost_everyPixelIsRight()
+{
+    m_window->resize(700, 200);
+    m_host->resize(650, 160);
+    settle(*m_window);
+    for (int step = 0; step < 5 * enough; ++step) {
+        for (size_t i = 0; i < m_sprites.size(); ++i) {
+            m_sprites[i]->moveBy(QPoint(12, 0));
+            m_reference.sprites[i].target.translate(12, 0);
+        }
+        commit();
+    }
+}
+
+void tst_DenseSprites::drift_largeSprites_everyPixelIsRight_data()
+{
+    QTest::addColumn<bool>("band");
+    QTest::newRow("backgrounds of their own, with a band") << true;
+    QTest::newRow("one background") << false;
+}
+
+// So large that the steps of an update are done in one strip of the host after the other.
+void tst_DenseSprites::drift_largeSprites_everyPixelIsRight()
+{
+    QFETCH(bool, band);
+    m_window->resize(700, 600);
+    m_host->resize(650, 560);
+    settle(*m_window);
+    m_sprites.resize(40);
+    m_reference.sprites.resize(40);
+    for (size_t i = 0; i < m_sprites.size(); ++i) {
+        auto const number = static_cast<int>(i);
+        QSize const size(150 + number, 140);
+        m_sprites[i]->changeContents(size);
+        m_sprites[i]->moveTo(QPoint(number * 61 % 500, number * 47 % 420));
+        auto & expected = m_reference.sprites[i];
+        m_sprites[i]->look = expected.next.look = static_cast<TestSprite::Look>(i % 3);
+        expected.target = m_sprites[i]->geometry();
+        expected.dirty = true;
+    }
+    if (band) {
+        m_layer->setSelForeground(Qt::white);
+        m_layer->setSelBackground(Qt::blue);
+        m_layer->setSelection(QRect(50, 60, 480, 400));
+        m_reference.setForeground(Qt::white);
+        m_reference.setBackground(Qt::blue);
+        m_reference.nextBand.rect = QRect(50, 60, 480, 400);
+    }
+    commit();
+    for (int step = 0; step < enough; ++step) {
+        for (size_t i = 0; i < m_sprites.size(); ++i) {
+            QPoint const by(i % 2 == 0 ? 4 : -4, i % 3 == 0 ? 3 : -3);
+            m_sprites[i]->moveBy(by);
+            m_reference.sprites[i].target.translate(by);
+        }
+        commit();
+    }
+}
+
+void tst_DenseSprites::strips_coverEveryRowOnce()
+{
+    for (int count : {1, 2, 5}) {
+        Strips strips;
+        strips.height = 7;
+        strips.count = count;
+        QRect const r(3, -20, 10, 100);
+        int rows = 0;
+        for (int strip = 0; strip < count; ++strip) {
+            QRect const part = strips.cut(r, strip);
+            QCOMPARE(part.left(), r.left());
+            QCOMPARE(part.width(), r.width());
+            QCOMPARE(part.top(), r.top() + rows);
+            QCOMPARE(strips.of(part.top()), strip);
+            QCOMPARE(strips.of(part.bottom()), strip);
+            rows += part.height();
+        }
+        QCOMPARE(rows, r.height());
     }
 }
 
@@ -344,11 +431,6 @@ void tst_DenseSprites::hostHides_everyPixelIsRightAgain()
 
 void tst_DenseSprites::layerDies_spritesServeAnother()
 {
-    m_layer->hide();
-    m_layer->update();
-    m_layer->show();
-    m_layer->update();
-    drift(enough);
     m_layer = std::make_unique<KSpriteLayer>(m_host);
     m_host->layer = nullptr;
     m_host->repaint();

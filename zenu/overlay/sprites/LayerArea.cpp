@@ -19,11 +19,11 @@ double areaOf(QRect const & r)
 
 } // namespace
 
-// The band would have to be flipped on it, and what the widget has painted be read.
+// A band would have to be flipped on it, and what the widget has painted be read.
 bool KSpriteLayer::PrivateData::isDense(Load const & load, QRegion const & clobbered) const
 {
-    return isMuch(load) && shown && wantShown && bandBefore().isEmpty() && bandAfter().isEmpty() &&
-           clobbered.isEmpty() && m_leftovers.empty() && areaOf(load.bounds.rect()) <= load.pixels;
+    return isMuch(load) && wantShown && bandAfter().isEmpty() && clobbered.isEmpty() &&
+           areaOf(load.bounds.rect()) <= load.pixels;
 }
 
 void KSpriteLayer::PrivateData::chooseArea(Load const & load, QRegion const & clobbered)

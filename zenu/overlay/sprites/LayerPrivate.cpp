@@ -16,6 +16,7 @@ KSpriteLayer::PrivateData::PrivateData(QWidget * widget)
 
 KSpriteLayer::PrivateData::~PrivateData()
 {
+    leaveArea();
     for (std::vector<Sprite *> const * const list : {&m_sprites, &m_departed}) {
         for (Sprite * const sprite : *list)
             sprite->layer = nullptr;
@@ -33,8 +34,6 @@ void KSpriteLayer::PrivateData::add(KSpriteLayer * layer, Sprite & sprite)
     sprite.wantShown = false;
     sprite.needsBackground = false;
     sprite.contentsDirty = false;
-    sprite.backgroundA.setElsewhere(QRect());
-    sprite.backgroundB.setElsewhere(QRect());
 }
 
 void KSpriteLayer::PrivateData::remove(Sprite & sprite)
