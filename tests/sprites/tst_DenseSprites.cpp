@@ -36,6 +36,7 @@ private Q_SLOTS:
     void band_comesAndGoes();
     void layerHides_leavesTheWidgetsOwn();
     void layerShows_readsAgain();
+    void layerShows_whileShown_readsAgain();
     void hostHides_everyPixelIsRightAgain();
     void layerDies_spritesServeAnother();
     void secondLayer_betweenThem_leavesNothing();
@@ -43,6 +44,8 @@ private Q_SLOTS:
 private:
     TestSprite & add(QRect const & r, int number);
     void drift(int steps);
+    void leaveCorner();
+    void enterCorner();
     void checkPicture(char const * when);
     void commit();
     QImage below(QRect const & r) const;
@@ -60,6 +63,7 @@ namespace {
 
 constexpr QSize hostSize(200, 160);
 constexpr int spriteCount = 90;
+constexpr QRect corner(0, 0, 64, 160);
 constexpr int enough = 8; // steps, after which the background is held in one piece
 
 } // namespace
@@ -137,6 +141,31 @@ QImage tst_DenseSprites::empty() const
 QImage tst_DenseSprites::below(QRect const & r) const
 {
     return empty().copy(deviceRect(*m_host, r));
+}
+
+// So that what is painted there meets no sprite.
+void tst_DenseSprites::leaveCorner()
+{
+    for (int step = 0; step < 2 * enough; ++step) {
+        for (size_t i = 0; i < m_sprites.size(); ++i) {
+            QPoint const to(std::max(m_reference.sprites[i].committed.x() + 1, 70 + step % 2),
+                            m_reference.sprites[i].committed.y());
+            m_sprites[i]->moveTo(to);
+            m_reference.sprites[i].target.moveTopLeft(to);
+        }
+        commit();
+    }
+}
+
+void tst_DenseSprites::enterCorner()
+{
+    for (int step = 0; step < 2 * enough; ++step) {
+        for (size_t i = 0; i < m_sprites.size(); ++i) {
+            m_sprites[i]->moveBy(QPoint(-4, 0));
+            m_reference.sprites[i].target.translate(-4, 0);
+        }
+        commit();
+    }
 }
 
 void tst_DenseSprites::checkPicture(char const * when)
@@ -277,31 +306,24 @@ void tst_DenseSprites::hostPaints_announcedAfterwards_newPictureLiesBelow()
 
 void tst_DenseSprites::hostPaints_spritesFarFromIt_newPictureStays()
 {
-    // A corner that they leave, so that the paint meets none of them.
-    QRect const corner(0, 0, 64, 160);
-    for (int step = 0; step < 2 * enough; ++step) {
-        for (size_t i = 0; i < m_sprites.size(); ++i) {
-            QPoint const to(std::max(m_reference.sprites[i].committed.x() + 1, 70 + step % 2),
-                            m_reference.sprites[i].committed.y());
-            m_sprites[i]->moveTo(to);
-            m_reference.sprites[i].target.moveTopLeft(to);
-        }
-        commit();
-    }
+    leaveCorner();
     m_host->changePicture(corner, 4);
     m_host->repaint(corner);
     checkPicture("after the repaint");
-    drift(2 * enough);
+    enterCorner();
 }
 
 void tst_DenseSprites::destroyed_leavesTheWidgetsOwn()
 {
-    for (size_t i = 0; i < 40; ++i) {
+    for (int i = 0; i < 12; ++i) {
+        m_sprites.erase(m_sprites.begin());
+        m_reference.sprites.erase(m_reference.sprites.begin());
+        commit();
         m_sprites.pop_back();
         m_reference.sprites.pop_back();
         commit();
+        drift(enough);
     }
-    drift(enough);
 }
 
 void tst_DenseSprites::hidden_leavesTheWidgetsOwn()
@@ -411,6 +433,18 @@ void tst_DenseSprites::layerShows_readsAgain()
     m_layer->show();
     m_reference.layerWanted = true;
     drift(2 * enough);
+}
+
+void tst_DenseSprites::layerShows_whileShown_readsAgain()
+{
+    leaveCorner();
+    m_host->layer = nullptr;
+    m_host->changePicture(corner, 4);
+    m_host->repaint(corner);
+    m_host->layer = m_layer.get();
+    m_layer->show();
+    enterCorner();
+    leaveCorner();
 }
 
 void tst_DenseSprites::hostHides_everyPixelIsRightAgain()

@@ -50,6 +50,13 @@ void BackgroundBuffer::unshare()
     m_rows = m_image;
 }
 
+void BackgroundBuffer::setElsewhere(QRect const & place)
+{
+    m_elsewhere = place;
+    if (!m_image.isNull())
+        setImage(QImage());
+}
+
 void BackgroundBuffer::setImage(QImage image)
 {
     m_image = std::move(image);

@@ -33,9 +33,9 @@ public:
     /// To be read and written.
     PixelRows const & rows() const { return m_rows; }
 
-    /// What it would hold lies elsewhere, taken from this rectangle of the widget. Null again once
-    /// room is made for what is to come here.
-    void setElsewhere(QRect const & place) { m_elsewhere = place; }
+    /// Gives its memory up: what it would hold lies elsewhere, taken from this rectangle of the
+    /// widget. Null again once room is made for what is to come here.
+    void setElsewhere(QRect const & place);
     QRect const & elsewhere() const { return m_elsewhere; }
 
 private:
