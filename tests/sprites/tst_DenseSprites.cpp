@@ -111,7 +111,7 @@ void tst_DenseSprites::commit()
 {
     int const before = m_host->paints;
     m_layer->update();
-    m_reference.commit();
+    m_reference.commit(*m_host, QImage());
     QCOMPARE(m_host->paints, before);
     checkPicture("after the update");
 }
@@ -123,7 +123,7 @@ void tst_DenseSprites::commitStep(int step)
         return;
     }
     m_layer->update();
-    m_reference.commit();
+    m_reference.commit(*m_host, QImage());
 }
 
 // Everything moves by a little, and stays on the host.
@@ -468,7 +468,7 @@ void tst_DenseSprites::hostHides_everyPixelIsRightAgain()
         m_reference.sprites[i].target.translate(2, 3);
     }
     m_layer->update();
-    m_reference.commit();
+    m_reference.commit(*m_host, QImage());
     m_host->show();
     settle(*m_window);
     checkPicture("after the host came back");
@@ -513,7 +513,7 @@ void tst_DenseSprites::secondLayer_betweenThem_leavesNothing()
             m_reference.sprites[i].target.translate(1, 0);
         }
         m_layer->update();
-        m_reference.commit();
+        m_reference.commit(*m_host, QImage());
         QImage const expected =
             filled(m_reference.picture(*m_host, m_host->rect(), empty()), *m_host, free, Qt::black);
         QCOMPARE(difference(picture(*m_window), expected), QString());

@@ -14,7 +14,7 @@ void AreaBackground::hold(WidgetSurface const & surface)
 {
     m_state = State::Held;
     m_deviceSize = surface.device(m_rect).size();
-    m_writes = WidgetSurface::writes();
+    m_writes = surface.writes();
 }
 
 void AreaBackground::leave()
@@ -25,7 +25,7 @@ void AreaBackground::leave()
 
 bool AreaBackground::isGood(WidgetSurface const & surface) const
 {
-    return m_state == State::Held && m_writes == WidgetSurface::writes() &&
+    return m_state == State::Held && m_writes == surface.writes() &&
            m_deviceSize == surface.device(m_rect).size();
 }
 

@@ -11,7 +11,7 @@ class WidgetSurface;
 /// What lies below all sprites of a layer in one piece, the widget's pixels between them included.
 /// Where sprites that all move cover most of an area, to put that back as a whole and to read
 /// nothing costs half of what two copies for each sprite do. The backgrounds of sprites then only
-/// say where theirs is. Good until the widget paints or anybody else draws on a surface.
+/// say where theirs is. Good until the widget paints or anybody else draws on its surface.
 class AreaBackground
 {
 public:
@@ -43,7 +43,7 @@ private:
     QRect m_rect; // logical pixels of the widget
     BackgroundBuffer m_pixels;
     QSize m_deviceSize;
-    quint64 m_writes = 0; // on all surfaces when it was last right
+    quint64 m_writes = 0; // of the widget when it was last right
 };
 
 } // namespace zenu

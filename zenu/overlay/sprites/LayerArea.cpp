@@ -19,11 +19,12 @@ double areaOf(QRect const & r)
 
 } // namespace
 
-// A band would have to be flipped on it, and what the widget has painted be read.
+// A band would have to be flipped on it, what the widget has painted be read, and a sprite that
+// draws itself see a background of its own.
 bool KSpriteLayer::PrivateData::isDense(Load const & load, QRegion const & clobbered) const
 {
-    return isMuch(load) && wantShown && bandAfter().isEmpty() && clobbered.isEmpty() &&
-           areaOf(load.bounds.rect()) <= load.pixels;
+    return isMuch(load) && wantShown && !load.draws && bandAfter().isEmpty() &&
+           clobbered.isEmpty() && areaOf(load.bounds.rect()) <= load.pixels;
 }
 
 void KSpriteLayer::PrivateData::chooseArea(Load const & load, QRegion const & clobbered)
@@ -41,6 +42,7 @@ void KSpriteLayer::PrivateData::leaveArea()
 {
     if (m_area.state() == AreaBackground::State::None)
         return;
+    m_denseCommits = 0;
     for (Sprite * const sprite : m_sprites) {
         m_area.complete(surface, *sprite->savedBackground);
         m_area.complete(surface, *sprite->nextBackground);

@@ -245,6 +245,7 @@ KSpriteLayer::PrivateData::Load KSpriteLayer::PrivateData::load() const
         double const pixels = areaOf(places.before) + areaOf(places.after);
         if (pixels == 0)
             continue;
+        load.draws = load.draws || sprite->drawn;
         load.bounds.add(places.before);
         load.bounds.add(places.after);
         load.pixels += pixels;

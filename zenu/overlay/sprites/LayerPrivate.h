@@ -65,6 +65,7 @@ private:
         double all = 0;     // what drawing everything costs
         double pixels = 0;  // of all sprites, at their places before and after
         Bounds bounds;      // of these places
+        bool draws = false; // some sprite has drawn itself
     };
 
     void repair();

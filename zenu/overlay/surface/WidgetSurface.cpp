@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace zenu {
 
@@ -22,8 +23,6 @@ constexpr int manyRectangles = 64;
 
 // Keeps sums and products of device coordinates within an int.
 constexpr double farAway = 1 << 29;
-
-quint64 writeCount = 0;
 
 struct OpenedWidget : QWidget
 {
@@ -88,10 +87,22 @@ QWidget * nativeAncestor(QWidget * host)
     return host->windowHandle() ? host : host->nativeParentWidget();
 }
 
+std::shared_ptr<quint64> writesOn(QWidget const * host)
+{
+    static std::unordered_map<QWidget const *, std::weak_ptr<quint64>> counts;
+    std::erase_if(counts, [](auto const & entry) { return entry.second.expired(); });
+    std::weak_ptr<quint64> & known = counts[host];
+    std::shared_ptr<quint64> count = known.lock();
+    if (!count)
+        known = count = std::make_shared<quint64>(0);
+    return count;
+}
+
 } // namespace
 
 WidgetSurface::WidgetSurface(QWidget * host)
     : m_host(host)
+    , m_writes(writesOn(host))
 {
 }
 
@@ -204,17 +215,12 @@ void WidgetSurface::end()
     m_painter.reset();
     forgetPixels();
     if (!m_changed.isEmpty())
-        ++writeCount;
+        ++*m_writes;
     if (m_open == Target::Screen && storeStands()) {
         m_store->endPaint();
         flush();
     }
     forget();
-}
-
-quint64 WidgetSurface::writes()
-{
-    return writeCount;
 }
 
 void WidgetSurface::flush()

@@ -74,9 +74,9 @@ public:
 
     bool isOpen() const { return m_open != Target::None; }
 
-    /// How often anything was written on any surface up to now: who keeps what it has read can tell
-    /// whether somebody else has drawn since.
-    static quint64 writes();
+    /// How often anything was written on the widget by this surface and all others that it has: who
+    /// keeps what it has read can tell whether somebody else has drawn since.
+    quint64 writes() const { return *m_writes; }
 
     /// Where a rectangle of the widget lies in its window, in device pixels. Adjacent rectangles
     /// stay adjacent, so the size depends on the position where the ratio is fractional. Also
@@ -144,6 +144,7 @@ private:
     void findWritable();
 
     QPointer<QWidget> m_host;
+    std::shared_ptr<quint64> m_writes; // of all surfaces of the host
     QPointer<QWidget> m_window;        // the host's while open
     QBackingStore * m_store = nullptr; // the window's while open
     Target m_open = Target::None;
