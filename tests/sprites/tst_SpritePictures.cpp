@@ -27,6 +27,7 @@ private Q_SLOTS:
     void grab_showsTheCommittedState_data();
     void grab_showsTheCommittedState();
     void grab_part_showsTheSpritesInIt();
+    void grab_hiddenLayer_showsTheHostAlone();
     void grab_neverShownHost_showsTheSprites();
     void grab_twoUpdatesInThePaintEvent_changeNothing();
 
@@ -36,6 +37,8 @@ private Q_SLOTS:
     void render_scaled_scalesSpritesAndBand();
     void render_ofTheWindowMoved_movesTheSpritesAlong();
     void render_withThePainterOfTheHostOpen_showsTheSprites();
+    void render_partElsewhere_showsTheSpritesInIt_data();
+    void render_partElsewhere_showsTheSpritesInIt();
 
     void render_recorded_playsTheSprites();
     void print_showsTheCommittedScene_data();
@@ -103,6 +106,16 @@ void tst_SpritePictures::grab_part_showsTheSpritesInIt()
     QImage image = m_host->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
     image.setDevicePixelRatio(1);
     QCOMPARE(wrongPixels(image, withSpritesAndBand().copy(deviceRect(*m_host, part))), 0);
+}
+
+void tst_SpritePictures::grab_hiddenLayer_showsTheHostAlone()
+{
+    m_layer->hide(); // is not committed
+    QCOMPARE(wrongPixels(grabbed(), ofHost(withSpritesAndBand())), 0);
+    m_layer->update();
+    QCOMPARE(wrongPixels(grabbed(), ofHost(m_empty)), 0);
+    m_layer->show(); // is not committed
+    QCOMPARE(wrongPixels(grabbed(), ofHost(m_empty)), 0);
 }
 
 void tst_SpritePictures::grab_neverShownHost_showsTheSprites()
@@ -222,6 +235,43 @@ void tst_SpritePictures::render_withThePainterOfTheHostOpen_showsTheSprites()
     painter.end();
     image.setDevicePixelRatio(1);
     QCOMPARE(wrongPixels(image, ofHost(withSpritesAndBand())), 0);
+}
+
+void tst_SpritePictures::render_partElsewhere_showsTheSpritesInIt_data()
+{
+    QTest::addColumn<bool>("withPainter");
+    QTest::addColumn<bool>("painterOpen");
+    QTest::newRow("onto a device") << false << false;
+    QTest::newRow("onto a device, painter of the host open") << false << true;
+    QTest::newRow("by a painter") << true << false;
+    QTest::newRow("by a painter, that of the host open") << true << true;
+}
+
+// The part begins within the sprites and the band, and goes to a place of its own.
+void tst_SpritePictures::render_partElsewhere_showsTheSpritesInIt()
+{
+    QFETCH(bool, withPainter);
+    QFETCH(bool, painterOpen);
+    m_host->keepsPainterOpen = painterOpen;
+    QRect const part(48, 48, 64, 48);
+    QPoint const place(32, 16);
+    qreal const ratio = ratioOf(*m_host);
+    QImage image(QSize(200, 120) * ratio, QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    QImage expected = image;
+    image.setDevicePixelRatio(ratio);
+    if (withPainter) {
+        QPainter painter(&image);
+        m_host->render(&painter, place, part);
+    } else {
+        m_host->render(&image, place, part);
+    }
+    image.setDevicePixelRatio(1);
+    QPainter painter(&expected);
+    painter.drawImage((QPointF(place) * ratio).toPoint(), withSpritesAndBand(),
+                      deviceRect(*m_host, part));
+    painter.end();
+    QCOMPARE(difference(image, expected), QString());
 }
 
 // A device that keeps commands: nobody knows yet what they will be played on.
