@@ -92,12 +92,15 @@ public:
             sprite.needsBackground = sprite.wanted;
     }
 
-    /// `bare` is the window without sprites and band, transparent where no sprite is drawn; null
-    /// when the host is on no screen.
-    void commit(SpriteHost const & host, QImage const & bare)
+    /// Whatever the sprites see below them.
+    void commit()
     {
         for (Sprite & sprite : sprites) {
-            commitPicture(sprite, host, bare);
+            if (draws(sprite)) {
+                sprite.drawn = sprite.next;
+                sprite.drawn.size = sprite.target.size();
+                sprite.dirty = false;
+            }
             sprite.committed = sprite.target;
             sprite.shown = sprite.wanted;
             sprite.shownPriority = sprite.priority;
@@ -105,6 +108,15 @@ public:
         band = nextBand;
         layerShown = layerWanted;
         std::erase_if(sprites, [](Sprite const & sprite) { return sprite.removed; });
+    }
+
+    /// `bare` is the window without sprites and band, transparent where no sprite is drawn; null
+    /// when the host is on no screen.
+    void commit(SpriteHost const & host, QImage const & bare)
+    {
+        for (Sprite & sprite : sprites)
+            readBelow(sprite, host, bare);
+        commit();
     }
 
     /// The host has painted that part of itself, in a paint event.
@@ -162,20 +174,18 @@ public:
     }
 
 private:
+    bool draws(Sprite const & sprite) const { return layerWanted && sprite.wanted && sprite.dirty; }
+
     // A sprite sees what was last read for its other place, unless this commit reads anew.
-    void commitPicture(Sprite & sprite, SpriteHost const & host, QImage const & bare)
+    void readBelow(Sprite & sprite, SpriteHost const & host, QImage const & bare) const
     {
-        bool const draws = layerWanted && sprite.wanted && sprite.dirty;
         bool const stands = layerShown && sprite.shown && sprite.target == sprite.committed;
         bool const reads = layerWanted && (sprite.needsBackground || (sprite.wanted && !stands));
-        if (bare.isNull() && (reads || draws))
+        if (bare.isNull() && (reads || draws(sprite)))
             sprite.other = QImage();
         else if (reads)
             sprite.other = bare.copy(deviceRect(host, sprite.target));
-        if (draws) {
-            sprite.drawn = sprite.next;
-            sprite.drawn.size = sprite.target.size();
-            sprite.dirty = false;
+        if (draws(sprite)) {
             sprite.blind = bare.isNull();
             sprite.seen = sprite.other;
         }

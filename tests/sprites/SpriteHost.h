@@ -33,6 +33,7 @@ public:
     bool painting = false;
     QRegion painted; // by all paint events until a test empties it
     std::function<void()> inPaintEvent;
+    std::function<void(QPainter &)> painterState; // in which it is left by the painting
 
     /// Changes what the cells under `r` show, without painting them.
     void changePicture(QRect const & r, int version) { m_changes.push_back({r, version}); }
@@ -60,6 +61,8 @@ protected:
                     painter.fillRect(x, y, cell, cell, colorAt(x, y));
             }
         }
+        if (painterState)
+            painterState(painter);
         if (!keepsPainterOpen)
             painter.end();
         if (inPaintEvent)

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void grab_showsTheCommittedState_data();
     void grab_showsTheCommittedState();
     void grab_part_showsTheSpritesInIt();
+    void grab_painterLeftInSomeState_showsTheSpritesAllTheSame();
     void grab_hiddenLayer_showsTheHostAlone();
     void grab_neverShownHost_showsTheSprites();
     void grab_twoUpdatesInThePaintEvent_changeNothing();
@@ -106,6 +107,21 @@ void tst_SpritePictures::grab_part_showsTheSpritesInIt()
     QImage image = m_host->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
     image.setDevicePixelRatio(1);
     QCOMPARE(wrongPixels(image, withSpritesAndBand().copy(deviceRect(*m_host, part))), 0);
+}
+
+void tst_SpritePictures::grab_painterLeftInSomeState_showsTheSpritesAllTheSame()
+{
+    m_host->keepsPainterOpen = true;
+    m_host->painterState = [](QPainter & painter) {
+        painter.translate(5, 7);
+        painter.scale(2, 3);
+        painter.setOpacity(0.5);
+        painter.setClipRect(QRect(0, 0, 9, 9));
+        painter.setCompositionMode(QPainter::CompositionMode_Difference);
+    };
+    QCOMPARE(wrongPixels(grabbed(), ofHost(withSpritesAndBand())), 0);
+    m_host->repaint();
+    QCOMPARE(wrongPixels(seen(), withSpritesAndBand()), 0);
 }
 
 void tst_SpritePictures::grab_hiddenLayer_showsTheHostAlone()
