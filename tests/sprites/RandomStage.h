@@ -22,8 +22,9 @@ struct Step
 class RandomStage
 {
 public:
-    static constexpr int kinds = 25;
+    static constexpr int kinds = 26;
     static constexpr int updateKind = 20;
+    static constexpr int driftKind = 25;
     static constexpr int firstManyKind = 21; // the kinds from here on change many sprites at once
 
     explicit RandomStage(int spriteCount);
@@ -42,6 +43,7 @@ private:
     void addSprite(std::array<int, 4> const & n);
     void changeSprite(size_t index, Step const & step);
     void changeMany(Step const & step);
+    QString drift(Step const & step);
     void changeLayer(Step const & step);
     QString changeHost(Step const & step);
     QString paintHost(Step const & step);
@@ -113,7 +115,8 @@ inline QString RandomStage::text(Step const & step)
         "changeContents", "priority",  "remove",    "delete",    "add",
         "selection",      "colours",   "layer",     "repaint",   "repaint",
         "resize",         "hide host", "scroll",    "cover",     "delete in paint event",
-        "update",         "move all",  "show some", "hide some", "change some"};
+        "update",         "move all",  "show some", "hide some", "change some",
+        "drift"};
     return QStringLiteral("%1(%2, %3, %4, %5)")
         .arg(QLatin1String(names[static_cast<size_t>(step.kind)]))
         .arg(step.n[0])
@@ -145,6 +148,8 @@ inline QString RandomStage::run(Step const & step)
     }
     if (step.kind < updateKind)
         return changeHost(step);
+    if (step.kind == driftKind)
+        return drift(step);
     if (step.kind >= firstManyKind)
         changeMany(step);
     return step.kind <= firstManyKind ? commit() : QString();
@@ -237,6 +242,22 @@ inline void RandomStage::changeMany(Step const & step)
             changeSprite(i, {kind, {k, step.n[1] + k * 31, step.n[2] + k * 17, k * 13}});
         }
     }
+}
+
+// All move several times in a row, without a band mostly: a layer may prepare for that.
+inline QString RandomStage::drift(Step const & step)
+{
+    if (step.n[2] % 4 != 0) {
+        m_layer->setSelection(QRect());
+        m_reference.nextBand.rect = QRect();
+    }
+    for (int i = 0; i < 5 + step.n[3] % 4; ++i) {
+        changeMany({firstManyKind, {step.n[0] + i, step.n[1] + 2 * i, 0, 0}});
+        QString const wrong = commit();
+        if (!wrong.isEmpty())
+            return wrong;
+    }
+    return QString();
 }
 
 inline void RandomStage::changeLayer(Step const & step)
