@@ -55,9 +55,11 @@ void SpriteContents::draw(KSprite & sprite, QSize size, BackgroundBuffer & backg
 void SpriteContents::ensureSize(QSize wanted, qreal ratio)
 {
     QSize const size = bufferSizeFor(wanted, m_size);
-    if (size == m_size && ratio == m_ratio && !m_buffer.isNull())
+    QSize const deviceSize = deviceSizeOf(size, ratio);
+    // A sprite may have put another pixmap in its place.
+    if (size == m_size && ratio == m_ratio && m_buffer.size() == deviceSize)
         return;
-    m_buffer = QPixmap(deviceSizeOf(size, ratio));
+    m_buffer = QPixmap(deviceSize);
     m_buffer.setDevicePixelRatio(ratio);
     m_buffer.fill(Qt::transparent);
     m_size = size;

@@ -428,9 +428,9 @@ void WidgetSurface::blend(QImage const & image, QPoint const & at, QRect const &
 
 void WidgetSurface::blendPixels(QImage const & image, QPoint const & at, QRect const & pixels)
 {
-    if (!isUsable() || image.isNull())
-        return;
-    clippedPainter().drawImage(pixels.topLeft(), image, QRect(at, pixels.size()) & image.rect());
+    QRect const source = QRect(at, pixels.size()) & image.rect();
+    if (isUsable() && !source.isEmpty()) // an empty one would stand for the whole image
+        clippedPainter().drawImage(pixels.topLeft(), image, source);
 }
 
 void WidgetSurface::flip(QRegion const & r, QColor const & a, QColor const & b)
