@@ -2,6 +2,8 @@
 
 #include "zenu/overlay/sprites/LayerPrivate.h"
 
+#include <QWidget>
+
 namespace zenu {
 
 namespace {
@@ -19,23 +21,32 @@ double areaOf(QRect const & r)
 
 } // namespace
 
+// Nothing beyond the widget is ever seen.
+QRect KSpriteLayer::PrivateData::areaFor(QRect const & bounds) const
+{
+    QRect const host = surface.host() ? surface.host()->rect() : QRect();
+    return bounds.adjusted(-margin, -margin, margin, margin) & host;
+}
+
 // A band would have to be flipped on it, what the widget has painted be read, and a sprite that
 // draws itself see a background of its own.
 bool KSpriteLayer::PrivateData::isDense(Load const & load, QRegion const & clobbered) const
 {
     return isMuch(load) && wantShown && !load.draws && bandAfter().isEmpty() &&
-           clobbered.isEmpty() && areaOf(load.bounds.rect()) <= load.pixels;
+           clobbered.isEmpty() && areaOf(areaFor(load.bounds.rect())) <= load.pixels;
 }
 
 void KSpriteLayer::PrivateData::chooseArea(Load const & load, QRegion const & clobbered)
 {
     bool const dense = isDense(load, clobbered);
     m_denseCommits = dense ? m_denseCommits + 1 : 0;
-    QRect const bounds = load.bounds.rect();
-    if (!dense || !m_area.isGood(surface) || !m_area.rect().contains(bounds))
+    QRect const area = areaFor(load.bounds.rect());
+    QRect const used = load.bounds.rect() & area;
+    if (!dense || !m_area.isGood(surface) || !m_area.rect().contains(used))
         leaveArea();
-    if (m_area.state() == AreaBackground::State::None && m_denseCommits > commitsBefore)
-        m_area.enter(bounds.adjusted(-margin, -margin, margin, margin));
+    if (m_area.state() == AreaBackground::State::None && m_denseCommits > commitsBefore &&
+        !area.isEmpty())
+        m_area.enter(area);
 }
 
 void KSpriteLayer::PrivateData::leaveArea()

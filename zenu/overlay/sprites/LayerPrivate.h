@@ -100,6 +100,7 @@ private:
     static bool isMuch(Load const & load);
     QRegion changedRegion(QRegion const & clobbered) const;
 
+    QRect areaFor(QRect const & bounds) const;
     bool isDense(Load const & load, QRegion const & clobbered) const;
     void chooseArea(Load const & load, QRegion const & clobbered);
     void leaveArea();
