@@ -27,6 +27,14 @@ function(zenu_ratio_tests folder)
 endfunction()
 
 zenu_ratio_tests(surface)
+# Where scrolled pixels cannot be fetched everything is painted again instead of moved.
+if(XVFB_RUN)
+    add_test(NAME surface_xcb_nothing_moves
+        COMMAND ${XVFB_RUN} -a -s "-screen 0 1600x1200x24" $<TARGET_FILE:tests_surface>)
+    set_tests_properties(surface_xcb_nothing_moves PROPERTIES
+        ENVIRONMENT "${zenu_test_environment};QT_QPA_PLATFORM=xcb;QT_NO_FAST_SCROLL=1;QT_NO_FAST_MOVE=1"
+        TIMEOUT 600 RESOURCE_LOCK display_server)
+endif()
 zenu_ratio_tests(sprites)
 # A window that goes to a screen of another ratio.
 add_test(NAME sprites_two_screens COMMAND tests_sprites -class tst_SpritePaintEvents)

@@ -290,8 +290,8 @@ void KSpriteLayer::PrivateData::compose()
     fillScenes();
     Damage damage;
     damage.everything = isMuch(work);
-    damage.region = damage.everything ? regionOf({&m_old, &m_read, &m_next}) + clobbered
-                                      : changedRegion(clobbered);
+    damage.region =
+        damage.everything ? regionOf({&m_old, &m_next}) + clobbered : changedRegion(clobbered);
     if (damage.region.isEmpty())
         return;
     if (!surface.begin(damage.region)) {
