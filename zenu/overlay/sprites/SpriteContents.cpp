@@ -78,12 +78,17 @@ void SpriteContents::takePixels(QSize size)
     m_rows = PixelRows::readOnly(m_pixels);
 }
 
+// Opaque pixels are the same in both formats of 32 bits, so they can stay in the pixmap's memory.
 void SpriteContents::setFormat(QImage::Format format)
 {
     if (!m_opaque || m_rows.format == format)
         return;
-    m_pixels.convertTo(format);
+    bool const same =
+        format == QImage::Format_RGB32 && m_pixels.format() == QImage::Format_ARGB32_Premultiplied;
+    if (!same)
+        m_pixels.convertTo(format);
     m_rows = PixelRows::readOnly(m_pixels);
+    m_rows.format = format;
 }
 
 void extendEdges(QImage & image, QSize size, qreal ratio)
