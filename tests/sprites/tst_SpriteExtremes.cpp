@@ -16,6 +16,7 @@ private Q_SLOTS:
     void bufferReplacedBySmallerPixmap_isGrownForTheNextDrawing();
     void pixmapsKept_stayAsTheyWere();
     void painterLeftOpen_changesNothingOnTheScreen();
+    void movedWhileHidden_readsItsBackground();
     void aloneMoving_touchesItsPlaceAlone_data();
     void aloneMoving_touchesItsPlaceAlone();
     void dense_spriteTooLargeForAnyBuffer_othersLeaveNothing();
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void dense_sizesComeAndGo_leaveNothing();
     void dense_grab_showsTheCommittedState();
     void dense_clobberedOutsideOfPaintEvents_leavesNothing();
+    void dense_storeOfAnotherFormat_leavesNothing();
+    void dense_inTwoWindows_leaveNothing();
 
 private:
     class ActingSprite;
@@ -190,7 +193,7 @@ void tst_SpriteExtremes::pixmapsKept_stayAsTheyWere()
     QCOMPARE(keptBuffer.toImage(), bufferThen);
     QCOMPARE(keptBackground.toImage(), backgroundThen);
     QImage const before = seen();
-    keptBuffer.fill(Qt::yellow);
+    QPainter(&keptBuffer).fillRect(0, 0, 40, 40, Qt::yellow);
     keptBackground.fill(Qt::yellow);
     m_host->repaint();
     QCOMPARE(difference(seen(), before), QString());
@@ -218,6 +221,22 @@ void tst_SpriteExtremes::painterLeftOpen_changesNothingOnTheScreen()
     sprite.show();
     m_layer->update();
     QCOMPARE(difference(seen(), filled(m_empty, *m_host, sprite.geometry(), Qt::red)), QString());
+}
+
+// Shown twice after that, it sees what was read then.
+void tst_SpriteExtremes::movedWhileHidden_readsItsBackground()
+{
+    ActingSprite sprite(m_layer.get());
+    sprite.changeContents(QSize(32, 32));
+    sprite.moveTo(QPoint(40, 40));
+    m_layer->update();
+    sprite.show();
+    m_layer->update();
+    sprite.show();
+    m_layer->update();
+    QImage const expected = m_empty.copy(deviceRect(*m_host, sprite.geometry()));
+    QCOMPARE(sprite.draws, 2);
+    QCOMPARE(difference(sprite.below.copy(expected.rect()), expected), QString());
 }
 
 void tst_SpriteExtremes::aloneMoving_touchesItsPlaceAlone_data()
@@ -402,6 +421,62 @@ void tst_SpriteExtremes::dense_clobberedOutsideOfPaintEvents_leavesNothing()
             m_many.pop_back();
         drift(5);
     }
+    checkNothingLeft();
+}
+
+// Only a display server has a store with alpha for the window.
+void tst_SpriteExtremes::dense_storeOfAnotherFormat_leavesNothing()
+{
+    addDense();
+    for (bool const seeThrough : {true, false}) {
+        m_window->hide();
+        m_window->setAttribute(Qt::WA_TranslucentBackground, seeThrough);
+        m_window->setAttribute(Qt::WA_NoSystemBackground, seeThrough);
+        drift(seeThrough ? 5 : 0);
+        QVERIFY(showAndSettle(*m_window));
+        for (int i = 0; i < 3; ++i) {
+            drift(6);
+            m_many[3]->show();
+            m_host->repaint(QRect(70, 50, 20, 20));
+        }
+        QImage const withSprites = seen();
+        repaintUnheard();
+        m_empty = seen();
+        for (QRect const & r : QRegion(m_host->rect()))
+            m_layer->clobberRect(r);
+        m_layer->update();
+        QCOMPARE(difference(seen(), withSprites), QString());
+        checkPicture();
+    }
+    checkNothingLeft();
+}
+
+void tst_SpriteExtremes::dense_inTwoWindows_leaveNothing()
+{
+    m_window->move(400, 0); // side by side
+    addDense();
+    QWidget window;
+    window.resize(320, 240);
+    SpriteHost host(&window);
+    host.setGeometry(hostRect);
+    KSpriteLayer layer(&host);
+    host.layer = &layer;
+    QVERIFY(showAndSettle(window));
+    QImage const empty = picture(window);
+    std::vector<std::unique_ptr<TestSprite>> others;
+    for (int i = 0; i < 60; ++i) {
+        QRect const r(30 + i * 31 % 90, 20 + i * 29 % 70, 30, 30);
+        others.push_back(std::make_unique<TestSprite>(&layer, r, Qt::blue, i));
+    }
+    for (int step = 0; step < 8; ++step) {
+        for (auto const & one : others)
+            one->moveBy(QPoint(2, 1));
+        layer.update();
+        drift(1);
+    }
+    checkPicture();
+    others.clear();
+    QCOMPARE(difference(picture(window), empty), QString());
     checkNothingLeft();
 }
 

@@ -292,7 +292,7 @@ void KSpriteLayer::PrivateData::compose()
     damage.everything = isMuch(work);
     damage.region =
         damage.everything ? regionOf({&m_old, &m_next}) + clobbered : changedRegion(clobbered);
-    if (damage.region.isEmpty())
+    if (damage.region.isEmpty() && m_read.rects.count() == 0)
         return;
     if (!surface.begin(damage.region)) {
         leaveArea();
