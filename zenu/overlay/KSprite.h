@@ -48,7 +48,8 @@ public:
     /// Does nothing. May move and change the sprite, not add or remove any.
     virtual void beforeLayerUpdate();
 
-    /// Called at the end of each update that commits. Does nothing.
+    /// Called at the end of each update that commits. Does nothing. Like the one before it must
+    /// neither add nor remove sprites nor destroy the layer; the layer's widget may go in both.
     virtual void afterLayerUpdate();
 
     /// Wants the sprite on the screen, with its picture drawn anew. Ignored once it was removed

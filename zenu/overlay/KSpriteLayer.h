@@ -24,6 +24,9 @@ class KSprite;
 /// it and update after. A move of the widget itself, as in a scroll area, needs nothing. The layer
 /// installs no event filter and starts no timer: nothing happens without these calls.
 ///
+/// A widget may have several layers, where sprites and bands of one never stand over those of
+/// another: a layer takes what another one shows for the widget's own.
+///
 /// What an update costs: the area of the sprites that changed and of what they touch, and a little
 /// for each sprite of the layer.
 class ZENU_EXPORT KSpriteLayer
