@@ -40,6 +40,10 @@ zenu_ratio_tests(sprites)
 add_test(NAME sprites_two_screens COMMAND tests_sprites -class tst_SpritePaintEvents)
 set_tests_properties(sprites_two_screens PROPERTIES TIMEOUT 600 ENVIRONMENT
     "${zenu_test_environment};QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/sprites/two-screens.json;QT_SCREEN_SCALE_FACTORS=fine=2")
+# A ratio that has no binary number, so that painters round it.
+add_test(NAME sprites_offscreen_1.1 COMMAND tests_sprites -class tst_RandomSprites)
+set_tests_properties(sprites_offscreen_1.1 PROPERTIES
+    ENVIRONMENT "${zenu_test_environment};QT_SCALE_FACTOR=1.1" TIMEOUT 600)
 # An editor that lies still over a grid that scrolls; with a display server the focus really moves.
 zenu_ratio_tests(grid_editing)
 zenu_ratio_tests(grid_drag)

@@ -286,7 +286,8 @@ WidgetSurface::Frame WidgetSurface::frameNow() const
     frame.offset = m_host->mapTo(m_host->window(), QPoint());
     QBackingStore * const store = storeOf(*m_host);
     QImage const * const image = store ? imageOf(*store) : nullptr;
-    frame.ratio = image ? image->devicePixelRatio() : m_host->devicePixelRatioF();
+    // As painters have it, in 1/65536: with 1.1 itself an edge at 5.5 would go another way.
+    frame.ratio = image ? image->devicePixelRatioF() : m_host->devicePixelRatioF();
     return frame;
 }
 
