@@ -40,8 +40,8 @@ public:
     /// transparent when new; what is left transparent shows what lies below. `background` holds
     /// what lies under the sprite, for pictures that blend with it: up to date after a move,
     /// `changeContents` and an appearance, but older after `show` of a sprite that is shown
-    /// already. Called by updates of the layer, only after `show` or `changeContents`. Neither
-    /// sprites nor layers may be changed here.
+    /// already. Called by updates of the layer, only after `show` or `changeContents`. What is
+    /// changed here in sprites or layers counts from the next update on.
     virtual void drawInBuffer(QPixmap * buffer, QPixmap const * background) = 0;
 
     /// Called at the begin of each update that commits, before the layer looks at the target state.

@@ -2,7 +2,7 @@
 
 #include "zenu/overlay/sprites/LayerPrivate.h"
 
-#include <QScopedValueRollback>
+#include <QPointer>
 
 #include <algorithm>
 #include <initializer_list>
@@ -54,29 +54,30 @@ bool isBelow(KSprite::PrivateData const * a, KSprite::PrivateData const * b)
 
 void KSpriteLayer::PrivateData::commit()
 {
-    {
-        QScopedValueRollback const running(m_busy, true);
-        m_again = false;
-        notifyBefore();
-        drawContents();
-        compose();
-        commitState();
-        notifyAfter();
-    }
+    m_busy = true;
+    m_again = false;
+    if (!notify(&KSprite::beforeLayerUpdate) || !drawChanged())
+        return;
+    compose();
+    commitState();
+    if (!notify(&KSprite::afterLayerUpdate))
+        return;
+    m_busy = false;
     if (m_again)
         commitLater();
 }
 
-void KSpriteLayer::PrivateData::notifyBefore()
+// Sprites may come and go meanwhile.
+bool KSpriteLayer::PrivateData::notify(void (KSprite::*callback)())
 {
-    for (size_t i = 0; i < m_sprites.size(); ++i)
-        m_sprites[i]->owner->beforeLayerUpdate();
-}
-
-void KSpriteLayer::PrivateData::notifyAfter()
-{
-    for (size_t i = 0; i < m_sprites.size(); ++i)
-        m_sprites[i]->owner->afterLayerUpdate();
+    QPointer<QObject> const layerStands(&m_receiver);
+    m_notified = 0;
+    while (m_notified < m_sprites.size()) {
+        (m_sprites[m_notified++]->owner->*callback)();
+        if (!layerStands)
+            return false;
+    }
+    return true;
 }
 
 // A target rectangle that is not the committed one always needs one, even where a sprite was hidden
@@ -102,34 +103,38 @@ bool KSpriteLayer::PrivateData::wantsContents(Sprite const & sprite, qreal ratio
     return wantShown && sprite.wantShown && (sprite.contentsDirty || otherRatio);
 }
 
-void KSpriteLayer::PrivateData::drawContents()
+bool KSpriteLayer::PrivateData::drawChanged()
 {
     if (!std::is_sorted(m_stack.begin(), m_stack.end(), isBelow))
         std::stable_sort(m_stack.begin(), m_stack.end(), isBelow);
     qreal const ratio = surface.ratio();
-    std::vector<Sprite *> dirty;
-    std::copy_if(m_stack.begin(), m_stack.end(), std::back_inserter(dirty),
+    m_changed.clear();
+    std::copy_if(m_stack.begin(), m_stack.end(), std::back_inserter(m_changed),
                  [&](Sprite const * sprite) { return wantsContents(*sprite, ratio); });
-    if (dirty.empty())
-        return;
-    readForContents(dirty);
-    for (Sprite * const sprite : dirty) {
+    if (m_changed.empty())
+        return true;
+    readForContents();
+    for (size_t i = 0; i < m_changed.size(); ++i) {
+        Sprite * const sprite = m_changed[i];
+        if (!sprite)
+            continue;
         sprite->contentsDirty = false;
         sprite->drawn = true;
-        sprite->contents.draw(*sprite->owner, sprite->geometry.size(), *sprite->nextBackground,
-                              ratio);
+        if (!drawContents(*sprite, sprite->geometry.size(), *sprite->nextBackground))
+            return false;
     }
+    return true;
 }
 
 // Before anything is taken off the screen: pictures are drawn by the application, and while that
 // runs nobody may see a scene in pieces.
-void KSpriteLayer::PrivateData::readForContents(std::vector<Sprite *> const & dirty)
+void KSpriteLayer::PrivateData::readForContents()
 {
     leaveArea();
     bool const open = surface.begin(QRegion());
     QRegion const clobbered = clobberedRegion();
     fillOldScene();
-    for (Sprite * const sprite : dirty) {
+    for (Sprite * const sprite : m_changed) {
         bool const needed = needsBackground(*sprite, clobbered);
         if (open && needed)
             readBelow(surface, m_old, clobbered, sprite->geometry, *sprite->nextBackground);

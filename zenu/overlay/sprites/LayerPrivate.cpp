@@ -3,9 +3,12 @@
 #include "zenu/overlay/sprites/LayerPicture.h"
 
 #include <QMetaObject>
+#include <QPixmap>
+#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace zenu {
 
@@ -47,8 +50,14 @@ void KSpriteLayer::PrivateData::remove(Sprite & sprite)
 void KSpriteLayer::PrivateData::release(Sprite & sprite)
 {
     std::erase(m_departed, &sprite);
-    if (std::erase(m_sprites, &sprite) == 0)
+    std::replace(m_changed.begin(), m_changed.end(), &sprite, static_cast<Sprite *>(nullptr));
+    std::replace(m_drawing.begin(), m_drawing.end(), &sprite, static_cast<Sprite *>(nullptr));
+    auto const place = std::find(m_sprites.begin(), m_sprites.end(), &sprite);
+    if (place == m_sprites.end())
         return;
+    if (place - m_sprites.begin() < static_cast<std::ptrdiff_t>(m_notified))
+        --m_notified;
+    m_sprites.erase(place);
     std::erase(m_stack, &sprite);
     m_area.complete(surface, *sprite.savedBackground);
     if (shown && sprite.shown && !sprite.shownGeometry.isEmpty())
@@ -89,13 +98,12 @@ void KSpriteLayer::PrivateData::update()
 {
     switch (surface.target()) {
     case WidgetSurface::Target::Redirected:
-        drawPicture();
+        drawIntoPicture();
         if (!m_leftovers.empty()) // of a sprite that died while the picture was taken
             commitLater();
         return;
     case WidgetSurface::Target::Pass:
-        repair();
-        if (isUncommitted())
+        if (repair() && isUncommitted())
             commitLater();
         return;
     case WidgetSurface::Target::Screen:
@@ -114,14 +122,14 @@ QRegion KSpriteLayer::PrivateData::clobberedRegion() const
 }
 
 // The background of what the widget has painted, then all that is committed over it.
-void KSpriteLayer::PrivateData::repair()
+bool KSpriteLayer::PrivateData::repair()
 {
     QRegion const clobbered = clobberedRegion();
     if (clobbered.isEmpty())
-        return;
+        return true;
     leaveArea();
     if (!surface.begin(clobbered))
-        return;
+        return true;
     Damage const painted{false, clobbered & surface.clip()};
     QRegion const late = clobbered - painted.region; // from an earlier paint event, for the commit
     m_clobbered.assign(late.begin(), late.end());
@@ -129,13 +137,15 @@ void KSpriteLayer::PrivateData::repair()
     Composition(surface, painted).capture(m_old);
     if (redrawsBlind(painted.region)) {
         surface.end();
-        redrawBlind(painted.region);
+        if (!redrawBlind(painted.region))
+            return false;
         if (!surface.begin(painted.region))
-            return;
+            return true;
         fillOldScene();
     }
     Composition(surface, painted).draw(m_old);
     surface.end();
+    return true;
 }
 
 // A sprite that was committed before the widget came on the screen has not seen its background yet.
@@ -150,21 +160,47 @@ bool KSpriteLayer::PrivateData::redrawsBlind(QRegion const & painted) const
                        [&](Sprite const * sprite) { return isBlindIn(painted, *sprite); });
 }
 
-void KSpriteLayer::PrivateData::redrawBlind(QRegion const & painted)
+bool KSpriteLayer::PrivateData::redrawBlind(QRegion const & painted)
 {
     for (size_t i = 0; i < m_stack.size(); ++i) {
         Sprite & sprite = *m_stack[i];
         if (!isBlindIn(painted, sprite))
             continue;
         sprite.blind = false;
-        sprite.contents.draw(*sprite.owner, sprite.shownGeometry.size(), *sprite.savedBackground,
-                             surface.ratio());
+        if (!drawContents(sprite, sprite.shownGeometry.size(), *sprite.savedBackground))
+            return false;
     }
+    return true;
+}
+
+bool KSpriteLayer::PrivateData::drawContents(Sprite & sprite, QSize size,
+                                             BackgroundBuffer & background)
+{
+    if (size.isEmpty())
+        return true;
+    QPointer<QObject> const layerStands(&m_receiver);
+    qreal const ratio = surface.ratio();
+    QPixmap buffer = sprite.contents.takeBuffer(size, ratio);
+    {
+        QPixmap below = QPixmap::fromImage(background.image()); // shares the pixels
+        below.setDevicePixelRatio(ratio);
+        m_drawing.push_back(&sprite);
+        sprite.owner->drawInBuffer(&buffer, &below);
+    }
+    if (!layerStands)
+        return false;
+    bool const spriteStands = m_drawing.back();
+    m_drawing.pop_back();
+    if (spriteStands) {
+        background.unshare();
+        sprite.contents.setBuffer(std::move(buffer), size);
+    }
+    return true;
 }
 
 // Only what the widget has painted into that picture, so that a second update in the same paint
 // event changes nothing.
-void KSpriteLayer::PrivateData::drawPicture()
+void KSpriteLayer::PrivateData::drawIntoPicture()
 {
     QRegion const painted = unionOf(m_clobberedPicture) & surface.host()->rect();
     m_clobberedPicture.clear();

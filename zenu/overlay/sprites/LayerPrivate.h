@@ -20,7 +20,8 @@ namespace zenu {
 /// and draws, all in one opening of the surface. In a paint event it repairs: what the widget has
 /// painted goes into the backgrounds that are saved, and the committed scene is laid over it; a
 /// commit is posted if the target differs. No virtual operation of a sprite runs while the surface
-/// is open, so whatever an application does there finds a whole picture.
+/// is open, so whatever an application does there finds a whole picture. Sprites, the widget and
+/// the layer itself may go in each of them: what calls one answers false if the layer is gone.
 class KSpriteLayer::PrivateData
 {
 public:
@@ -68,20 +69,20 @@ private:
         bool draws = false; // some sprite has drawn itself
     };
 
-    void repair();
+    bool repair();
     static bool isBlindIn(QRegion const & painted, Sprite const & sprite);
     bool redrawsBlind(QRegion const & painted) const;
-    void redrawBlind(QRegion const & painted);
-    void drawPicture();
+    bool redrawBlind(QRegion const & painted);
+    bool drawContents(Sprite & sprite, QSize size, BackgroundBuffer & background);
+    void drawIntoPicture();
     void commitLater();
     bool isUncommitted() const;
 
     void commit();
-    void notifyBefore();
-    void notifyAfter();
-    void drawContents();
+    bool notify(void (KSprite::*callback)());
+    bool drawChanged();
     bool wantsContents(Sprite const & sprite, qreal ratio) const;
-    void readForContents(std::vector<Sprite *> const & dirty);
+    void readForContents();
     void compose();
     void commitState();
 
@@ -110,6 +111,9 @@ private:
     std::vector<Sprite *> m_sprites;  // in order of addition
     std::vector<Sprite *> m_stack;    // the same from the bottom to the top, at the last commit
     std::vector<Sprite *> m_departed; // removed, and still pointing here
+    std::vector<Sprite *> m_changed;  // to be drawn by the commit that runs; null once gone
+    std::vector<Sprite *> m_drawing;  // one within the other; null once gone
+    size_t m_notified = 0;            // how many of m_sprites
     std::vector<Leftover> m_leftovers;
     std::vector<QRect> m_clobbered;        // painted by the widget and not repaired yet
     std::vector<QRect> m_clobberedPicture; // the same in the picture that is being taken of it

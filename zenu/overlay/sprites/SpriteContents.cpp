@@ -1,6 +1,5 @@
 #include "zenu/overlay/sprites/SpriteContents.h"
 
-#include "zenu/overlay/KSprite.h"
 #include "zenu/overlay/sprites/SpriteBuffer.h"
 
 #include <algorithm>
@@ -27,28 +26,20 @@ bool isOpaqueIn(QImage const & image, QSize size)
     return true;
 }
 
-// The picture below as a sprite may look at it. Shares the pixels; gone before they change again.
-QPixmap pixmapOf(QImage const & pixels, qreal ratio)
-{
-    QPixmap pixmap = QPixmap::fromImage(pixels);
-    pixmap.setDevicePixelRatio(ratio);
-    return pixmap;
-}
-
 } // namespace
 
-void SpriteContents::draw(KSprite & sprite, QSize size, BackgroundBuffer & background, qreal ratio)
+QPixmap SpriteContents::takeBuffer(QSize size, qreal ratio)
 {
-    if (size.isEmpty())
-        return;
     ensureSize(size, ratio);
     m_pixels = QImage(); // shares the pixmap's memory
     m_rows = PixelRows();
-    {
-        QPixmap const below = pixmapOf(background.image(), ratio);
-        sprite.drawInBuffer(&m_buffer, &below);
-    }
-    background.unshare();
+    m_opaque = false;
+    return std::exchange(m_buffer, QPixmap());
+}
+
+void SpriteContents::setBuffer(QPixmap buffer, QSize size)
+{
+    m_buffer = std::move(buffer);
     takePixels(size);
 }
 

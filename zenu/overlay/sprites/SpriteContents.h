@@ -9,16 +9,15 @@
 
 namespace zenu {
 
-class KSprite;
-class BackgroundBuffer;
-
 /// The picture of a sprite: the pixmap that the sprite draws on, and the pixels of it that are laid
 /// on the surface.
 class SpriteContents
 {
 public:
-    /// Has `sprite` draw its picture of `size` logical pixels. Nothing is drawn for an empty size.
-    void draw(KSprite & sprite, QSize size, BackgroundBuffer & background, qreal ratio);
+    /// The pixmap to draw a picture of `size` logical pixels on. It comes back with `setBuffer`;
+    /// until then there is no picture.
+    QPixmap takeBuffer(QSize size, qreal ratio);
+    void setBuffer(QPixmap buffer, QSize size);
 
     /// Device pixels with a ratio of 1. May be larger or, if not opaque, smaller than the sprite.
     QImage const & pixels() const { return m_pixels; }
