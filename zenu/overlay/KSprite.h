@@ -40,16 +40,16 @@ public:
     /// transparent when new; what is left transparent shows what lies below. `background` holds
     /// what lies under the sprite, for pictures that blend with it: up to date after a move,
     /// `changeContents` and an appearance, but older after `show` of a sprite that is shown
-    /// already. Called by updates of the layer, only after `show` or `changeContents`. What is
-    /// changed here in sprites or layers counts from the next update on.
+    /// already. Called by updates of the layer, only after `show` or `changeContents`. The update
+    /// is on its way, so sprites and layers are not to be changed here.
     virtual void drawInBuffer(QPixmap * buffer, QPixmap const * background) = 0;
 
     /// Called at the begin of each update that commits, before the layer looks at the target state.
-    /// Does nothing. May move and change the sprite, not add or remove any.
+    /// Does nothing. What is changed here, in any sprite, is committed by this update.
     virtual void beforeLayerUpdate();
 
-    /// Called at the end of each update that commits. Does nothing. Like the one before it must
-    /// neither add nor remove sprites nor destroy the layer; the layer's widget may go in both.
+    /// Called at the end of each update that commits. Does nothing. In each of the three callbacks
+    /// the sprite itself, others, the layer and its widget may be destroyed.
     virtual void afterLayerUpdate();
 
     /// Wants the sprite on the screen, with its picture drawn anew. Ignored once it was removed
