@@ -8,7 +8,6 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <utility>
 
 namespace zenu {
 
@@ -180,12 +179,12 @@ bool KSpriteLayer::PrivateData::drawContents(Sprite & sprite, QSize size,
         return true;
     QPointer<QObject> const layerStands(&m_receiver);
     qreal const ratio = surface.ratio();
-    QPixmap buffer = sprite.contents.takeBuffer(size, ratio);
+    QPixmap * const buffer = sprite.contents.beginDrawing(size, ratio);
     {
         QPixmap below = QPixmap::fromImage(background.image()); // shares the pixels
         below.setDevicePixelRatio(ratio);
         m_drawing.push_back(&sprite);
-        sprite.owner->drawInBuffer(&buffer, &below);
+        sprite.owner->drawInBuffer(buffer, &below);
     }
     if (!layerStands)
         return false;
@@ -193,7 +192,7 @@ bool KSpriteLayer::PrivateData::drawContents(Sprite & sprite, QSize size,
     m_drawing.pop_back();
     if (spriteStands) {
         background.unshare();
-        sprite.contents.setBuffer(std::move(buffer), size);
+        sprite.contents.endDrawing(size);
     }
     return true;
 }

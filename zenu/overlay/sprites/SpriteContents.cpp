@@ -28,19 +28,25 @@ bool isOpaqueIn(QImage const & image, QSize size)
 
 } // namespace
 
-QPixmap SpriteContents::takeBuffer(QSize size, qreal ratio)
+QPixmap * SpriteContents::beginDrawing(QSize size, qreal ratio)
 {
     ensureSize(size, ratio);
     m_pixels = QImage(); // shares the pixmap's memory
     m_rows = PixelRows();
     m_opaque = false;
-    return std::exchange(m_buffer, QPixmap());
+    return &m_buffer;
 }
 
-void SpriteContents::setBuffer(QPixmap buffer, QSize size)
+void SpriteContents::endDrawing(QSize size)
 {
-    m_buffer = std::move(buffer);
-    takePixels(size);
+    m_pixels = m_buffer.toImage();
+    if (m_pixels.devicePixelRatio() != 1)
+        m_pixels.setDevicePixelRatio(1);
+    if (m_pixels.hasAlphaChannel() && m_pixels.format() != QImage::Format_ARGB32_Premultiplied)
+        m_pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
+    extendEdges(m_pixels, size, m_ratio);
+    m_opaque = isOpaqueIn(m_pixels, deviceSizeOf(size, m_ratio));
+    m_rows = PixelRows::readOnly(m_pixels);
 }
 
 void SpriteContents::ensureSize(QSize wanted, qreal ratio)
@@ -55,18 +61,6 @@ void SpriteContents::ensureSize(QSize wanted, qreal ratio)
     m_buffer.fill(Qt::transparent);
     m_size = size;
     m_ratio = ratio;
-}
-
-void SpriteContents::takePixels(QSize size)
-{
-    m_pixels = m_buffer.toImage();
-    if (m_pixels.devicePixelRatio() != 1)
-        m_pixels.setDevicePixelRatio(1);
-    if (m_pixels.hasAlphaChannel() && m_pixels.format() != QImage::Format_ARGB32_Premultiplied)
-        m_pixels.convertTo(QImage::Format_ARGB32_Premultiplied);
-    extendEdges(m_pixels, size, m_ratio);
-    m_opaque = isOpaqueIn(m_pixels, deviceSizeOf(size, m_ratio));
-    m_rows = PixelRows::readOnly(m_pixels);
 }
 
 // Opaque pixels are the same in both formats of 32 bits, so they can stay in the pixmap's memory.

@@ -14,10 +14,10 @@ namespace zenu {
 class SpriteContents
 {
 public:
-    /// The pixmap to draw a picture of `size` logical pixels on. It comes back with `setBuffer`;
-    /// until then there is no picture.
-    QPixmap takeBuffer(QSize size, qreal ratio);
-    void setBuffer(QPixmap buffer, QSize size);
+    /// The pixmap to draw a picture of `size` logical pixels on. From then on there is no picture
+    /// until `endDrawing` takes it from there.
+    QPixmap * beginDrawing(QSize size, qreal ratio);
+    void endDrawing(QSize size);
 
     /// Device pixels with a ratio of 1. May be larger or, if not opaque, smaller than the sprite.
     QImage const & pixels() const { return m_pixels; }
@@ -34,7 +34,6 @@ public:
 
 private:
     void ensureSize(QSize wanted, qreal ratio);
-    void takePixels(QSize size);
 
     QPixmap m_buffer;
     QSize m_size; // of the buffer, logical
