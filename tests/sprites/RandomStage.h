@@ -336,13 +336,15 @@ inline QString RandomStage::layOut(Step const & step)
         m_host->resize(200 + step.n[0] % 20 * 4, 160 + step.n[1] % 20 * 4);
         break;
     case 16: {
-        QWidget * const widget = step.n[0] % 2 == 0 ? m_window.get() : m_host;
-        widget->hide();
+        bool const all = step.n[0] % 2 == 0;
+        m_host->setVisible(all);
+        if (all && !hideAndSettle(*m_window))
+            return QStringLiteral("the window does not go");
         settle(*m_window);
         if (step.n[1] % 2 == 0)
             commit();
-        widget->show();
-        if (!QTest::qWaitForWindowExposed(m_window.get()))
+        m_host->show();
+        if (all && !showAgainAndSettle(*m_window))
             return QStringLiteral("the window does not come back");
         break;
     }

@@ -68,11 +68,8 @@ void tst_HostLayout::windowHiddenAndShown_showsAllAgain()
 {
     addSpritesAndBand();
     for (int i = 0; i < 2; ++i) {
-        m_window->hide();
-        settle(*m_window);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        settle(*m_window);
+        QVERIFY(hideAndSettle(*m_window));
+        QVERIFY(showAgainAndSettle(*m_window));
         QCOMPARE(wrongPixels(seen(), withSpritesAndBand()), 0);
     }
     hideAll();

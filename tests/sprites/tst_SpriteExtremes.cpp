@@ -429,7 +429,7 @@ void tst_SpriteExtremes::dense_storeOfAnotherFormat_leavesNothing()
 {
     addDense();
     for (bool const seeThrough : {true, false}) {
-        m_window->hide();
+        QVERIFY(hideAndSettle(*m_window));
         m_window->setAttribute(Qt::WA_TranslucentBackground, seeThrough);
         m_window->setAttribute(Qt::WA_NoSystemBackground, seeThrough);
         drift(seeThrough ? 5 : 0);

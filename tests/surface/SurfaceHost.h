@@ -90,10 +90,31 @@ inline void settle(QWidget & widget)
     for (int i = 0; i < 3; ++i) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (onXcb())
+        if (onXcb()) {
             widget.window()->screen()->grabWindow(0, 0, 0, 1, 1); // a round trip to the server
+            QTest::qSleep(1); // for the thread that reads what the server has sent before
+        }
     }
     QCoreApplication::processEvents();
+}
+
+/// Hides a window and waits until it is gone from the screen: one that is shown again before that
+/// counts as exposed all the time.
+inline bool hideAndSettle(QWidget & window)
+{
+    window.hide();
+    bool const gone = QTest::qWaitFor([&] { return !window.windowHandle()->isExposed(); });
+    settle(window);
+    return gone;
+}
+
+/// Shows a window that was hidden and waits for its picture.
+inline bool showAgainAndSettle(QWidget & window)
+{
+    window.show();
+    bool const exposed = QTest::qWaitForWindowExposed(&window);
+    settle(window);
+    return exposed;
 }
 
 /// Shows a window at the top left of the screen and waits for its first picture.
@@ -101,10 +122,7 @@ inline bool showAndSettle(QWidget & window)
 {
     window.setWindowFlag(Qt::FramelessWindowHint);
     window.move(0, 0);
-    window.show();
-    bool const exposed = QTest::qWaitForWindowExposed(&window);
-    settle(window);
-    return exposed;
+    return showAgainAndSettle(window);
 }
 
 /// How many pixels differ; -1 for different sizes.
