@@ -60,6 +60,7 @@ private Q_SLOTS:
     void scrollArea_movesTheOffset();
 
     void resize_beforeTheRepaint_isSafe();
+    void writes_areCountedForAllSurfacesOfTheWidget();
     void minimised_isSafe();
     void translucentWindow_keepsEveryPixel();
     void nativeChild_appearsOnTheScreen();
@@ -344,6 +345,25 @@ void tst_SurfaceSituations::resize_beforeTheRepaint_isSafe()
     QVERIFY(invert(surface, m_host->rect()));
     QCOMPARE(wrongPixels(picture(*m_window), inverted(before, {surface.device(m_host->rect())})),
              0);
+}
+
+void tst_SurfaceSituations::writes_areCountedForAllSurfacesOfTheWidget()
+{
+    WidgetSurface surface(m_host);
+    WidgetSurface ofTheWindow(m_window.get());
+    quint64 const before = surface.writes();
+    quint64 const beforeOfTheWindow = ofTheWindow.writes();
+    {
+        WidgetSurface another(m_host);
+        QCOMPARE(another.writes(), before);
+        QVERIFY(another.begin(QRect(4, 4, 8, 8)));
+        another.end();
+    }
+    QCOMPARE(surface.writes(), before + 1);
+    QVERIFY(surface.begin(QRegion())); // to be read
+    surface.end();
+    QCOMPARE(surface.writes(), before + 1);
+    QCOMPARE(ofTheWindow.writes(), beforeOfTheWindow);
 }
 
 void tst_SurfaceSituations::minimised_isSafe()

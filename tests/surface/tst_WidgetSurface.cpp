@@ -65,7 +65,6 @@ private Q_SLOTS:
     void blend_transparentPixels_leaveTheSurface();
     void blend_isClipped();
 
-    void writes_areCountedForAllSurfacesOfTheWidget();
     void begin_twice_isRefusedTheSecondTime();
     void end_withoutBegin_doesNothing();
     void destructor_endsWhatWasBegun();
@@ -518,25 +517,6 @@ void tst_WidgetSurface::blend_isClipped()
             QCOMPARE(after.pixel(x, y), drawn ? 0xffff0000u : before.pixel(x, y));
         }
     }
-}
-
-void tst_WidgetSurface::writes_areCountedForAllSurfacesOfTheWidget()
-{
-    WidgetSurface surface(m_host);
-    WidgetSurface ofTheWindow(m_window.get());
-    quint64 const before = surface.writes();
-    quint64 const beforeOfTheWindow = ofTheWindow.writes();
-    {
-        WidgetSurface another(m_host);
-        QCOMPARE(another.writes(), before);
-        QVERIFY(another.begin(QRect(4, 4, 8, 8)));
-        another.end();
-    }
-    QCOMPARE(surface.writes(), before + 1);
-    QVERIFY(surface.begin(QRegion())); // to be read
-    surface.end();
-    QCOMPARE(surface.writes(), before + 1);
-    QCOMPARE(ofTheWindow.writes(), beforeOfTheWindow);
 }
 
 void tst_WidgetSurface::begin_twice_isRefusedTheSecondTime()

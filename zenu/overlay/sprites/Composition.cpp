@@ -1,5 +1,6 @@
 #include "zenu/overlay/sprites/Composition.h"
 
+#include "zenu/overlay/sprites/RegionUnion.h"
 #include "zenu/overlay/sprites/SpriteBuffer.h"
 #include "zenu/overlay/sprites/SpriteContents.h"
 #include "zenu/overlay/surface/PixelCopies.h"
@@ -40,17 +41,6 @@ Strips stripsFor(WidgetSurface const & surface, std::initializer_list<Scene cons
     strips.count = static_cast<int>(std::clamp(bytes / cachedBytes, 1.0, double(most)));
     strips.height = rows.height() / strips.count + 1;
     return strips;
-}
-
-template <typename Act>
-void forEachRectOutside(QRect const & r, QRegion const & without, Act act)
-{
-    if (without.isEmpty()) {
-        act(r);
-        return;
-    }
-    for (QRect const & part : QRegion(r) - without)
-        act(part);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "zenu/overlay/sprites/PieceList.h"
 
+#include "zenu/overlay/sprites/RegionUnion.h"
 #include "zenu/overlay/sprites/Scene.h"
 #include "zenu/overlay/sprites/SpriteBuffer.h"
 #include "zenu/overlay/sprites/SpriteContents.h"
@@ -44,13 +45,8 @@ public:
         if (standing.contents)
             standing.contents->setFormat(m_surface.format());
         standing.background->setFormat(m_surface.format());
-        auto const addPart = [&](QRect const & r) { cut(standing, whole, pixels, r); };
-        if (without.isEmpty()) {
-            addPart(part);
-            return;
-        }
-        for (QRect const & r : QRegion(part) - without)
-            addPart(r);
+        forEachRectOutside(part, without,
+                           [&](QRect const & r) { cut(standing, whole, pixels, r); });
     }
 
 private:

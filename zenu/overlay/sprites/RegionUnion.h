@@ -14,6 +14,19 @@ namespace zenu {
 /// their number.
 ZENU_TEST_EXPORT QRegion unionOf(std::vector<QRect> const & rects);
 
+/// Calls `act` with the parts of a rectangle that lie outside of a region, which is empty most of
+/// the time.
+template <typename Act>
+void forEachRectOutside(QRect const & r, QRegion const & without, Act act)
+{
+    if (without.isEmpty()) {
+        act(r);
+        return;
+    }
+    for (QRect const & part : QRegion(r) - without)
+        act(part);
+}
+
 /// The rectangle around many, without a call for each.
 class Bounds
 {
